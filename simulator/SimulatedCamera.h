@@ -1,0 +1,63 @@
+// A GigE Vision thermal camera in software: answers discovery and control, streams pictures, bridges a UART.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "simulator/Faults.h"
+#include "simulator/Scene.h"
+#include "simulator/Statistics.h"
+#include "simulator/UartPeer.h"
+
+namespace simulator {
+
+struct CameraOptions {
+  std::string address = "127.0.0.2";    ///< a local IPv4 address of this machine; all of 127.0.0.0/8 is
+  std::string serial = "KEOD2001";      ///< at most 15 characters; unique among cameras
+  std::string user_id;                  ///< at most 15 characters; empty gives the serial number
+  ImageSize sensor;                     ///< also the default of Width and Height
+  double frame_rate_hz = 30.0;          ///< start value of AcquisitionFrameRate, 1 to 1000
+  uint64_t seed = 1;                    ///< of the scene's noise and of the faults' draws
+  bool uart_pacing = true;              ///< false: serial bytes arrive at once, whatever the baud rate
+  std::shared_ptr<UartPeer> uart_peer;  ///< null: nothing is connected, bytes to it vanish
+  FaultSettings faults;
+};
+
+/// One camera. It is on the network from construction to destruction; all members may be called from any thread.
+class SimulatedCamera {
+ public:
+  /// Binds the address and starts. Throws std::runtime_error with a text that names the address and what to do.
+  explicit SimulatedCamera(const CameraOptions& options);
+
+  /// Stops streaming, closes the sockets and joins the threads; sends nothing.
+  ~SimulatedCamera();
+
+  SimulatedCamera(const SimulatedCamera&) = delete;
+  SimulatedCamera& operator=(const SimulatedCamera&) = delete;
+
+  const CameraOptions& options() const;
+  std::string model() const;                  ///< such as "KEOsim-640"
+  std::array<uint8_t, 6> macAddress() const;  ///< locally administered, made from the address
+  SceneSettings sceneSettings() const;        ///< Scene(sceneSettings()).render(...) recomputes streamed frames
+
+  Faults& faults();
+  Statistics statistics() const;
+
+  /// The controlling host loses control at once, as if another host had taken and left it; the stream stops.
+  void dropControl();
+
+  /// True: another host seems to control the camera, which refuses every write with "access denied". A host that
+  /// has control loses it. False: the camera is free again.
+  void setOccupied(bool occupied);
+
+  bool controlled() const;  ///< a host, real or seeming, has control
+  bool streaming() const;   ///< acquisition is running
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace simulator
