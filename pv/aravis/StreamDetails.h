@@ -15,8 +15,8 @@ struct StreamStatistics {
   uint64_t frames_incomplete = 0;  ///< frames given up because data were missing or of a wrong size
   uint64_t frames_no_buffer = 0;   ///< frames lost because no buffer was free
   uint64_t packets_received = 0;
-  uint64_t packets_missing = 0;    ///< never arrived, resends included
-  uint64_t packets_resent = 0;     ///< arrived by resend
+  uint64_t packets_missing = 0;  ///< never arrived, resends included
+  uint64_t packets_resent = 0;   ///< arrived by resend
   uint64_t resend_requests = 0;
   uint64_t bytes_received = 0;
 };
@@ -30,8 +30,8 @@ uint32_t packetSizeOf(const PvStream& stream);
 struct FrameDetails {
   uint64_t block_id = 0;             ///< the device's number of the frame: 1 to 65535, then 1 again
   uint64_t device_timestamp_ns = 0;  ///< the device's clock, nanoseconds
-  uint64_t host_timestamp_ns = 0;    ///< this host's system clock when the frame began to arrive, nanoseconds since 1970
-  uint32_t pixel_format = 0;         ///< the GenICam code, 0x01100025 for Mono14
+  uint64_t host_timestamp_ns = 0;  ///< this host's system clock when the frame began to arrive, nanoseconds since 1970
+  uint32_t pixel_format = 0;       ///< the GenICam code, 0x01100025 for Mono14
   uint32_t width = 0;
   uint32_t height = 0;
   uint32_t size = 0;  ///< bytes of pixel data

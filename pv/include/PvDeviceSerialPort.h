@@ -25,8 +25,8 @@ class PvDeviceSerialPort {
   PvResult Write(const uint8_t* data, uint32_t size, uint32_t& bytesWritten);
   /// How many received bytes wait to be read.
   PvResult GetRxBytesReady(uint32_t& bytesReady);
-  /// Waits up to `timeout_ms` milliseconds for bytes, then returns what has come, at most `size`, as soon as the line has
-  /// been silent for a few characters. Timeout, with `bytesRead` 0, if none came.
+  /// Waits up to `timeout_ms` milliseconds for bytes, then returns what has come, at most `size`, as soon as the line
+  /// has been silent for a few characters. Timeout, with `bytesRead` 0, if none came.
   PvResult Read(uint8_t* data, uint32_t size, uint32_t& bytesRead, uint32_t timeout_ms);
 
  private:

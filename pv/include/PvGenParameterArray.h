@@ -8,7 +8,8 @@
 #include "PvString.h"
 
 /// Owned by its PvDevice. Every write goes to the device before the call returns; NotFound for an unknown feature,
-/// InvalidParameter for a value that it does not take, AccessDenied where the device refuses, NotConnected if it is gone.
+/// InvalidParameter for a value that it does not take, AccessDenied where the device refuses, NotConnected if it is
+/// gone.
 class PvGenParameterArray {
  public:
   virtual ~PvGenParameterArray();

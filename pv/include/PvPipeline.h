@@ -26,8 +26,8 @@ class PvPipeline {
   bool IsStarted();
 
   /// Waits up to `timeout_ms` milliseconds for the next complete frame and stores its buffer in `*buffer`, and how the
-  /// frame fared in `*operationResult`. Frames that arrived incomplete are counted and passed over. On failure `*buffer`
-  /// is left as it was: Timeout, or NoBuffer if the application holds as many as it may.
+  /// frame fared in `*operationResult`. Frames that arrived incomplete are counted and passed over. On failure
+  /// `*buffer` is left as it was: Timeout, or NoBuffer if the application holds as many as it may.
   PvResult RetrieveNextBuffer(PvBuffer** buffer, unsigned int timeout_ms, PvResult* operationResult);
   /// Gives a buffer back. One that is null, not of this pipeline, or not in the application's hands is refused,
   /// harmlessly.

@@ -1,0 +1,130 @@
+// Connection: device, stream and pipeline.
+#include "camera/Camera.h"
+
+#include <unistd.h>
+
+#include <iostream>
+#include <utility>
+
+#include "PvDeviceGEV.h"
+#include "PvStreamGEV.h"
+#include "camera/SystemClock.h"
+
+namespace {
+
+constexpr unsigned int kChannel = 0;
+constexpr unsigned int kPipelineBuffers = 2;
+
+// Serial numbers up to this one belong to cameras made before there were speed classes.
+constexpr int kLastNumberWithoutClass = 1702;
+
+bool isSlowClass(const std::string& serialNumber) {
+  const int number = std::stoi(serialNumber.substr(4, 7));
+  return serialNumber[3] == 'C' && number > kLastNumberWithoutClass;
+}
+
+// One log line: `before`, the camera's display identifier, `after`. An absent identifier puts the stream into its
+// failed state, as applications that watch standard output expect.
+void printWithDisplayID(const char* before, const PvDeviceInfo* deviceInfo, const char* after) {
+  std::cout << before;
+  const PvString displayID = deviceInfo->GetDisplayID();
+  if (displayID.GetAscii() != nullptr) {
+    std::cout << displayID.GetAscii();
+  } else {
+    std::cout.setstate(std::ios::failbit);
+  }
+  std::cout << after << std::endl;
+}
+
+}  // namespace
+
+Camera::Camera(PvDeviceInfo const* info) : deviceInfo(info) {}
+
+Camera::Camera(PvDeviceInfo const* info, std::string text) : deviceInfo(info), calibrationText(std::move(text)) {}
+
+Camera::Camera(PvDeviceInfo const* info, std::string text, std::string version)
+    : deviceInfo(info), calibrationText(std::move(text)), calibrationVersion(std::move(version)) {}
+
+Camera::Camera(PvDeviceInfo const* info, std::string text, std::string version, std::string serial)
+    : deviceInfo(info),
+      calibrationText(std::move(text)),
+      calibrationVersion(std::move(version)),
+      serialNumber(std::move(serial)) {}
+
+Camera::~Camera() = default;
+
+int Camera::Connect() {
+  if (IsConnected()) {
+    // The missing blank is part of the text.
+    printWithDisplayID("Camera: Camera ", deviceInfo, "is connected.");
+    return -1;
+  }
+
+  if (isSlowClass(serialNumber)) {
+    limitFrameRate = true;
+    lastFrameTime = keocam::systemClock_ms();
+  }
+
+  printWithDisplayID("Camera: Connecting to ", deviceInfo, ".");
+  PvResult result;
+  device = PvDevice::CreateAndConnect(deviceInfo, &result);
+  if (device == nullptr) {
+    printWithDisplayID("Camera: Unable to connect to ", deviceInfo, ".");
+    return -1;
+  }
+
+  stream = PvStream::CreateAndOpen(deviceInfo->GetConnectionID(), &result);
+  if (stream == nullptr) {
+    printWithDisplayID("Camera: Unable to stream from ", deviceInfo, ".");
+    return -1;
+  }
+
+  ConfigureStream();
+  pipeline = CreatePipeline(device, stream);
+  if (!IsConnected()) return -1;
+  return stream->IsOpen() ? 0 : -1;
+}
+
+void Camera::ConfigureStream() {
+  auto* const gevDevice = dynamic_cast<PvDeviceGEV*>(device);
+  if (gevDevice == nullptr) return;
+  auto* const gevStream = static_cast<PvStreamGEV*>(stream);
+  gevDevice->NegotiatePacketSize(kChannel, 0);
+  gevDevice->SetStreamDestination(gevStream->GetLocalIPAddress(), gevStream->GetLocalPort(), kChannel);
+}
+
+PvPipeline* Camera::CreatePipeline(PvDevice* pipelineDevice, PvStream* pipelineStream) {
+  auto* const newPipeline = new PvPipeline(pipelineStream);
+  const int64_t payloadSize = pipelineDevice->GetPayloadSize();
+  newPipeline->SetBufferCount(kPipelineBuffers);
+  newPipeline->SetBufferSize(static_cast<uint32_t>(payloadSize));
+  return newPipeline;
+}
+
+void Camera::Disconnect() {
+  if (IsAcquiring()) StopAcquisition();
+  sleep(1);
+  // The pointer is kept on purpose, so a second call without a Connect() between would delete twice.
+  delete pipeline;
+  if (stream != nullptr && stream->IsOpen()) {
+    std::cout << "Camera: Closing stream" << std::endl;
+    stream->Close();
+    PvStream::Free(stream);
+    stream = nullptr;
+  }
+  if (device != nullptr && device->IsConnected()) {
+    std::cout << "Camera: Disconnecting device" << std::endl;
+    device->Disconnect();
+    PvDevice::Free(device);
+    device = nullptr;
+  }
+}
+
+bool Camera::IsConnected() { return device != nullptr && device->IsConnected(); }
+
+bool Camera::IsAcquiring() { return acquiring; }
+
+std::string Camera::GetStatus() {
+  if (IsAcquiring()) return "Acquiring";
+  return IsConnected() ? "Connected" : "Disconnected";
+}

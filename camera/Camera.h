@@ -1,0 +1,94 @@
+// One GigE Vision thermal camera: connection, stream and frames.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "PvBuffer.h"
+#include "PvDevice.h"
+#include "PvDeviceInfo.h"
+#include "PvGenCommand.h"
+#include "PvGenParameterArray.h"
+#include "PvPipeline.h"
+#include "PvStream.h"
+
+class CameraSerialSettings;
+
+/// A camera found by CameraCenter.
+///
+///     Disconnected --Connect--> Connected --StartAcquisition--> Acquiring
+///          ^                     |  ^                            |  |
+///          +----- Disconnect ----+  +------ StopAcquisition -----+  |
+///          +--------------------- Disconnect -----------------------+
+///
+/// Frames are fetched in a loop of RetreiveBuffer and ReleaseBuffer. Every operation runs on the caller's thread; the
+/// operations of one camera must not overlap. Progress is written to standard output, a line each.
+///
+/// The destructor neither disconnects nor frees anything of the network: call Disconnect() first.
+class Camera {
+ public:
+  /// `deviceInfo` is not owned; it belongs to the PvSystem that found it. Without a serial number Connect() throws.
+  explicit Camera(PvDeviceInfo const* deviceInfo);
+  Camera(PvDeviceInfo const* deviceInfo, std::string calibrationText);
+  Camera(PvDeviceInfo const* deviceInfo, std::string calibrationText, std::string calibrationVersion);
+  Camera(PvDeviceInfo const* deviceInfo, std::string calibrationText, std::string calibrationVersion,
+         std::string serialNumber);
+  virtual ~Camera();
+  Camera(const Camera&) = delete;
+  Camera& operator=(const Camera&) = delete;
+
+  /// Connects the device, opens its stream and makes a pipeline of 2 buffers. Returns 0, or -1 on failure; what had
+  /// been made before a failure stays, and Disconnect() releases it. -1 for a camera that is connected already, which
+  /// is left alone. Throws std::out_of_range for a serial number of fewer than 4 characters and std::invalid_argument
+  /// for one without a number at position 4, both before anything is connected.
+  int Connect();
+
+  /// Negotiates the packet size and tells the device where to stream to. Connect() calls it.
+  void ConfigureStream();
+
+  /// A new pipeline on `stream` with 2 buffers of the device's payload size; the caller owns it. Connect() calls it.
+  PvPipeline* CreatePipeline(PvDevice* device, PvStream* stream);
+
+  /// Stops the acquisition if it runs and releases pipeline, stream and device. Always waits one second. Call it once
+  /// per successful Connect(): the pipeline's pointer keeps its old value.
+  void Disconnect();
+
+  bool IsConnected();
+  bool IsAcquiring();
+
+  /// "Acquiring", "Connected" or "Disconnected". It says "Acquiring" until StopAcquisition() has run, also when the
+  /// device has dropped meanwhile.
+  std::string GetStatus();
+
+  /// Starts pipeline, stream and device. It does not check that the camera is connected, nor that each step succeeded:
+  /// frames that do not arrive show that it did not.
+  void StartAcquisition();
+
+  /// Stops device, stream and pipeline, if the camera is connected and acquiring; does nothing otherwise.
+  void StopAcquisition();
+
+  /// Waits up to 1000 ms for the next frame and returns its data: one 16-bit little-endian value per pixel, row by row,
+  /// valid until ReleaseBuffer(). If none came, the data of the buffer handed out last are returned once more, or null
+  /// if there has been none. To tell the two apart, set `buffer` to null before the call: it then stays null, and so
+  /// does the result. A camera of the slow class hands out at most one frame per 100 ms; the call sleeps for the rest.
+  uint8_t* RetreiveBuffer();
+
+  /// Gives the frame retrieved last back. Harmless if there is none.
+  void ReleaseBuffer();
+
+  PvStream* stream = nullptr;                       ///< the open video stream; null when not connected
+  PvPipeline* pipeline = nullptr;                   ///< buffers on `stream`; not reset by Disconnect()
+  PvDevice* device = nullptr;                       ///< the connected device; null when not connected
+  PvGenCommand* acquisitionStartCommand = nullptr;  ///< "AcquisitionStart", owned by the device
+  PvGenCommand* acquisitionStopCommand = nullptr;   ///< "AcquisitionStop", owned by the device
+  PvBuffer* buffer = nullptr;                       ///< the buffer handed out last, owned by the pipeline
+  PvGenParameterArray* parameters = nullptr;        ///< the device's features, owned by the device
+  PvDeviceInfo const* deviceInfo = nullptr;         ///< owned by the PvSystem
+  CameraSerialSettings* serialSettings = nullptr;   ///< control of the thermal core; survives Disconnect()
+  std::string calibrationText;
+  std::string calibrationVersion = "00";
+  std::string serialNumber;
+  bool acquiring = false;       ///< between StartAcquisition() and StopAcquisition()
+  int64_t lastFrameTime = 0;    ///< ms of the system clock; the slow class's last hand-out
+  bool limitFrameRate = false;  ///< a camera of the slow class; set by Connect()
+};

@@ -1,0 +1,137 @@
+// PvDevice, PvDeviceGEV and the features after the script.
+#include "PvDeviceGEV.h"
+#include "tests/double/ScriptedLayer.h"
+
+using scripted::eventLog;
+
+namespace {
+
+std::string nullable(const PvString& text) { return text.GetAscii() != nullptr ? text.GetAscii() : "(null)"; }
+
+}  // namespace
+
+PvGenParameter::PvGenParameter() = default;
+PvGenParameter::~PvGenParameter() = default;
+
+struct PvGenCommand::State {
+  std::string name;
+};
+
+PvGenCommand::PvGenCommand(std::unique_ptr<State> state) : state_(std::move(state)) {}
+PvGenCommand::~PvGenCommand() = default;
+
+PvResult PvGenCommand::Execute() {
+  eventLog().add("PvGenCommand::Execute " + state_->name);
+  return {};
+}
+
+struct PvGenParameterArray::State {
+  std::map<std::string, std::unique_ptr<PvGenParameter>> features;
+};
+
+PvGenParameterArray::PvGenParameterArray(std::unique_ptr<State> state) : state_(std::move(state)) {}
+PvGenParameterArray::~PvGenParameterArray() = default;
+
+PvGenParameter* PvGenParameterArray::Get(const PvString& name) {
+  eventLog().add("PvGenParameterArray::Get " + nullable(name));
+  const auto found = state_->features.find(nullable(name));
+  return found != state_->features.end() ? found->second.get() : nullptr;
+}
+
+PvResult PvGenParameterArray::SetEnumValue(const PvString& name, const PvString& value) {
+  eventLog().add("PvGenParameterArray::SetEnumValue " + nullable(name) + " " + nullable(value));
+  return {};
+}
+
+PvResult PvGenParameterArray::SetBooleanValue(const PvString& name, bool value) {
+  eventLog().add("PvGenParameterArray::SetBooleanValue " + nullable(name) + (value ? " true" : " false"));
+  return {};
+}
+
+PvResult PvGenParameterArray::SetIntegerValue(const PvString& name, long value) {
+  eventLog().add("PvGenParameterArray::SetIntegerValue " + nullable(name) + " " + std::to_string(value));
+  return {};
+}
+
+PvGenCommand* PvLayer::makeCommand(const std::string& name) {
+  return new PvGenCommand(std::make_unique<PvGenCommand::State>(PvGenCommand::State{name}));
+}
+
+std::unique_ptr<PvGenParameterArray> PvLayer::makeParameters(const scripted::Device& device) {
+  auto state = std::make_unique<PvGenParameterArray::State>();
+  for (const std::string& name : device.commands) state->features[name].reset(makeCommand(name));
+  for (const std::string& name : device.other_features) {
+    state->features[name] = std::make_unique<scripted::ValueFeature>();
+  }
+  return std::unique_ptr<PvGenParameterArray>(new PvGenParameterArray(std::move(state)));
+}
+
+struct PvDevice::State {
+  scripted::LiveObject live{"PvDevice"};
+  const scripted::Device* device;
+  bool connected = true;
+  std::unique_ptr<PvGenParameterArray> parameters;
+};
+
+PvDevice::PvDevice(std::unique_ptr<State> state) : state_(std::move(state)) {}
+PvDevice::~PvDevice() { eventLog().add("PvDevice::~PvDevice"); }
+PvDeviceGEV::PvDeviceGEV(std::unique_ptr<State> state) : PvDevice(std::move(state)) {}
+PvDeviceGEV::~PvDeviceGEV() = default;
+
+PvDevice* PvDevice::CreateAndConnect(const PvDeviceInfo* info, PvResult* result) {
+  const scripted::Device& device = PvLayer::deviceOf(*info);
+  eventLog().add("PvDevice::CreateAndConnect " + nullable(device.display_id) + (result != nullptr ? "" : " no result"));
+  if (!device.accepts_connection) return nullptr;
+  auto state = std::make_unique<State>();
+  state->device = &device;
+  state->parameters = PvLayer::makeParameters(device);
+  if (device.is_gige_vision) return new PvDeviceGEV(std::move(state));
+  return new PvDevice(std::move(state));
+}
+
+void PvDevice::Free(PvDevice* device) {
+  eventLog().add("PvDevice::Free");
+  delete device;
+}
+
+bool PvDevice::IsConnected() const {
+  eventLog().add("PvDevice::IsConnected");
+  return state_->connected && state_->device->stays_connected;
+}
+
+PvResult PvDevice::Disconnect() {
+  eventLog().add("PvDevice::Disconnect");
+  state_->connected = false;
+  return {};
+}
+
+int64_t PvDevice::GetPayloadSize() {
+  eventLog().add("PvDevice::GetPayloadSize");
+  return state_->device->payload_size;
+}
+
+PvGenParameterArray* PvDevice::GetParameters() {
+  eventLog().add("PvDevice::GetParameters");
+  return state_->parameters.get();
+}
+
+PvResult PvDevice::StreamEnable(unsigned int channel) {
+  eventLog().add("PvDevice::StreamEnable " + std::to_string(channel));
+  return {};
+}
+
+PvResult PvDevice::StreamDisable(unsigned int channel) {
+  eventLog().add("PvDevice::StreamDisable " + std::to_string(channel));
+  return {};
+}
+
+PvResult PvDeviceGEV::NegotiatePacketSize(unsigned int channel, unsigned int fallbackSize) {
+  eventLog().add("PvDeviceGEV::NegotiatePacketSize " + std::to_string(channel) + " " + std::to_string(fallbackSize));
+  return {};
+}
+
+PvResult PvDeviceGEV::SetStreamDestination(const PvString& address, unsigned short port, unsigned int channel) {
+  eventLog().add("PvDeviceGEV::SetStreamDestination " + nullable(address) + " " + std::to_string(port) + " " +
+                 std::to_string(channel));
+  return {};
+}

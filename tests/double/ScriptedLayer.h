@@ -1,0 +1,44 @@
+// What the double's parts share: the states of the seam's classes that more than one of them reaches.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "PvDevice.h"
+#include "PvDeviceInfo.h"
+#include "PvGenCommand.h"
+#include "PvGenParameterArray.h"
+#include "PvInterface.h"
+#include "tests/double/ScriptedNetwork.h"
+
+namespace scripted {
+
+/// Counts the objects of one kind; see liveObjects().
+class LiveObject {
+ public:
+  explicit LiveObject(const char* kind);
+  ~LiveObject();
+  LiveObject(const LiveObject&) = delete;
+  LiveObject& operator=(const LiveObject&) = delete;
+
+ private:
+  std::string kind_;
+};
+
+/// A feature that is not a command.
+class ValueFeature : public PvGenParameter {};
+
+}  // namespace scripted
+
+struct PvDeviceInfo::State {
+  std::shared_ptr<scripted::Device> device;
+};
+
+struct PvLayer {
+  static PvInterface* makeInterface(std::size_t index);
+  static PvDeviceInfo* makeInfo(const std::shared_ptr<scripted::Device>& device);
+  static const scripted::Device& deviceOf(const PvDeviceInfo& info);
+  static PvGenCommand* makeCommand(const std::string& name);
+  static std::unique_ptr<PvGenParameterArray> makeParameters(const scripted::Device& device);
+};

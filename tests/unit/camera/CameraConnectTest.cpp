@@ -1,0 +1,204 @@
+// Construction and connection of a camera.
+#include <ios>
+#include <iostream>
+#include <stdexcept>
+
+#include "PvStreamGEV.h"
+#include "camera/Camera.h"
+#include "tests/unit/camera/ScriptedTest.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class CameraConnectTest : public ScriptedCameraTest {
+ protected:
+  ~CameraConnectTest() override {
+    delete camera_.pipeline;
+    PvStream::Free(camera_.stream);
+    PvDevice::Free(camera_.device);
+  }
+
+  Camera camera_{info(), "text", "03", "ABCD1000"};
+};
+
+TEST_F(CameraConnectTest, Constructors_SetWhatTheyAreGivenAndDefaultTheRest) {
+  const Camera one(info());
+  EXPECT_EQ(one.deviceInfo, info());
+  EXPECT_EQ(one.calibrationText, "");
+  EXPECT_EQ(one.calibrationVersion, "00");
+  EXPECT_EQ(one.serialNumber, "");
+  EXPECT_EQ(one.stream, nullptr);
+  EXPECT_EQ(one.pipeline, nullptr);
+  EXPECT_EQ(one.device, nullptr);
+  EXPECT_EQ(one.acquisitionStartCommand, nullptr);
+  EXPECT_EQ(one.acquisitionStopCommand, nullptr);
+  EXPECT_EQ(one.buffer, nullptr);
+  EXPECT_EQ(one.parameters, nullptr);
+  EXPECT_EQ(one.serialSettings, nullptr);
+  EXPECT_FALSE(one.acquiring);
+  EXPECT_EQ(one.lastFrameTime, 0);
+  EXPECT_FALSE(one.limitFrameRate);
+
+  const Camera two(info(), "text");
+  EXPECT_EQ(two.calibrationText, "text");
+  EXPECT_EQ(two.calibrationVersion, "00");
+
+  const Camera three(info(), "text", "02");
+  EXPECT_EQ(three.calibrationVersion, "02");
+  EXPECT_EQ(three.serialNumber, "");
+
+  const Camera four(info(), "text", "02", "ABCD1000");
+  EXPECT_EQ(four.calibrationText, "text");
+  EXPECT_EQ(four.calibrationVersion, "02");
+  EXPECT_EQ(four.serialNumber, "ABCD1000");
+}
+
+TEST_F(CameraConnectTest, GetStatus_NewCamera_IsDisconnected) {
+  EXPECT_EQ(camera_.GetStatus(), "Disconnected");
+  EXPECT_FALSE(camera_.IsConnected());
+  EXPECT_FALSE(camera_.IsAcquiring());
+}
+
+TEST_F(CameraConnectTest, Connect_Succeeds_InTheOrderThatDevicesNeed) {
+  EXPECT_EQ(camera_.Connect(), 0);
+  EXPECT_THAT(takeAll(), ElementsAre("out: Camera: Connecting to Cam A.\\n", "PvDevice::CreateAndConnect Cam A",
+                                     "PvStream::CreateAndOpen 192.0.2.10", "PvDeviceGEV::NegotiatePacketSize 0 0",
+                                     "PvDeviceGEV::SetStreamDestination 192.0.2.1 50123 0", "PvPipeline::PvPipeline",
+                                     "PvDevice::GetPayloadSize", "PvPipeline::SetBufferCount 2",
+                                     "PvPipeline::SetBufferSize 655360", "PvDevice::IsConnected", "PvStream::IsOpen"));
+  EXPECT_EQ(camera_.GetStatus(), "Connected");
+}
+
+TEST_F(CameraConnectTest, Connect_PayloadBeyond32Bits_IsCutTo32Bits) {
+  device_->payload_size = (int64_t{5} << 32) + 77;
+  EXPECT_EQ(camera_.Connect(), 0);
+  EXPECT_THAT(take({"PvPipeline::SetBufferSize"}), ElementsAre("PvPipeline::SetBufferSize 77"));
+}
+
+TEST_F(CameraConnectTest, Connect_DeviceOfAnotherKind_IsNotConfigured) {
+  device_->is_gige_vision = false;
+  EXPECT_EQ(camera_.Connect(), 0);
+  EXPECT_THAT(take({"PvDeviceGEV"}), IsEmpty());
+}
+
+TEST_F(CameraConnectTest, Connect_Twice_SaysSoWithoutTheBlankAndLeavesTheConnection) {
+  camera_.Connect();
+  const PvDevice* const device = camera_.device;
+  log().clear();
+  EXPECT_EQ(camera_.Connect(), -1);
+  EXPECT_THAT(takeAll(), ElementsAre("PvDevice::IsConnected", "out: Camera: Camera Cam Ais connected.\\n"));
+  EXPECT_EQ(camera_.device, device);
+}
+
+TEST_F(CameraConnectTest, Connect_UnreachableDevice_SaysSoAndKeepsNothing) {
+  device_->accepts_connection = false;
+  EXPECT_EQ(camera_.Connect(), -1);
+  EXPECT_THAT(takeAll(), ElementsAre("out: Camera: Connecting to Cam A.\\n", "PvDevice::CreateAndConnect Cam A",
+                                     "out: Camera: Unable to connect to Cam A.\\n"));
+  EXPECT_EQ(camera_.device, nullptr);
+  EXPECT_EQ(camera_.GetStatus(), "Disconnected");
+}
+
+TEST_F(CameraConnectTest, Connect_NoStream_SaysSoAndLeavesTheDeviceConnected) {
+  device_->stream_opens = false;
+  EXPECT_EQ(camera_.Connect(), -1);
+  EXPECT_THAT(takeAll(),
+              ElementsAre("out: Camera: Connecting to Cam A.\\n", "PvDevice::CreateAndConnect Cam A",
+                          "PvStream::CreateAndOpen 192.0.2.10", "out: Camera: Unable to stream from Cam A.\\n"));
+  EXPECT_NE(camera_.device, nullptr);
+  EXPECT_EQ(camera_.pipeline, nullptr);
+  EXPECT_EQ(camera_.GetStatus(), "Connected");
+}
+
+TEST_F(CameraConnectTest, Connect_DeviceLostMeanwhile_FailsBeforeTheStreamIsAsked) {
+  device_->stays_connected = false;
+  EXPECT_EQ(camera_.Connect(), -1);
+  EXPECT_THAT(take({"PvStream::IsOpen"}), IsEmpty());
+  EXPECT_NE(camera_.stream, nullptr);
+  EXPECT_NE(camera_.pipeline, nullptr);
+}
+
+TEST_F(CameraConnectTest, Connect_StreamNotOpen_FailsAndLeavesEverythingInPlace) {
+  device_->stream_stays_open = false;
+  EXPECT_EQ(camera_.Connect(), -1);
+  EXPECT_NE(camera_.device, nullptr);
+  EXPECT_NE(camera_.stream, nullptr);
+  EXPECT_NE(camera_.pipeline, nullptr);
+}
+
+TEST_F(CameraConnectTest, Connect_AbsentDisplayIdentifier_SetsTheStreamsFailBit) {
+  device_->display_id = PvString();
+  EXPECT_EQ(camera_.Connect(), 0);
+  EXPECT_NE(std::cout.rdstate() & std::ios::failbit, 0);
+  std::cout.clear();
+}
+
+TEST_F(CameraConnectTest, ConfigureStream_WithoutDevice_DoesNothing) {
+  camera_.ConfigureStream();
+  EXPECT_THAT(takeAll(), IsEmpty());
+}
+
+struct SerialCase {
+  const char* serial;
+  bool limited;
+};
+
+class SpeedClassTest : public ScriptedCameraTest, public testing::WithParamInterface<SerialCase> {};
+
+TEST_P(SpeedClassTest, Connect_LimitsFramesOfTheSlowClassOnly) {
+  device_->accepts_connection = false;
+  Camera camera(info(), "", "00", GetParam().serial);
+  camera.Connect();
+  EXPECT_EQ(camera.limitFrameRate, GetParam().limited);
+  EXPECT_EQ(camera.lastFrameTime, GetParam().limited ? kStart_ms : 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Serials, SpeedClassTest,
+                         testing::Values(SerialCase{"ABCC1703", true}, SerialCase{"ABCC1702", false},
+                                         SerialCase{"ABCC1701", false}, SerialCase{"ABCD1703", false},
+                                         SerialCase{"ABCE9999", false}, SerialCase{"ABCc1703", false},
+                                         SerialCase{"ABCC1703-7", true},     // the digits end the number
+                                         SerialCase{"ABCC00017030", false},  // only 7 characters count: 0001703
+                                         SerialCase{"ABCC00170399", true},   // 0017039
+                                         SerialCase{"ABCC 1703", true},      // blanks before the number are skipped
+                                         SerialCase{"ABCC-1703", false}));
+
+class BadSerialTest : public ScriptedCameraTest {
+ protected:
+  template <typename Exception>
+  void expectThrow(const char* serial) {
+    Camera camera(info(), "", "00", serial);
+    EXPECT_THROW(camera.Connect(), Exception) << serial;
+    EXPECT_THAT(takeAll(), IsEmpty()) << serial;
+    EXPECT_EQ(camera.device, nullptr);
+    EXPECT_FALSE(camera.limitFrameRate);
+  }
+};
+
+TEST_F(BadSerialTest, Connect_FewerThanFourCharacters_ThrowsOutOfRangeBeforeAnythingElse) {
+  expectThrow<std::out_of_range>("");
+  expectThrow<std::out_of_range>("ABC");
+}
+
+TEST_F(BadSerialTest, Connect_NoNumberAtPositionFour_ThrowsInvalidArgumentBeforeAnythingElse) {
+  expectThrow<std::invalid_argument>("ABCC");
+  expectThrow<std::invalid_argument>("ABCCX1703");
+  try {
+    Camera(info(), "", "00", "ABCC").Connect();
+    FAIL();
+  } catch (const std::invalid_argument& error) {
+    EXPECT_STREQ(error.what(), "stoi");
+  }
+}
+
+TEST_F(BadSerialTest, Connect_ConnectedCamera_IsRefusedBeforeTheSerialNumberIsRead) {
+  Camera camera(info(), "", "00", "ABCD1000");
+  ASSERT_EQ(camera.Connect(), 0);
+  camera.serialNumber = "";
+  EXPECT_EQ(camera.Connect(), -1);
+  camera.Disconnect();
+}
+
+}  // namespace

@@ -1,0 +1,114 @@
+// Disconnection, and what a camera leaves behind.
+#include <type_traits>
+
+#include "camera/Camera.h"
+#include "tests/unit/camera/ScriptedTest.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+using CameraDisconnectTest = ScriptedCameraTest;
+
+TEST_F(CameraDisconnectTest, Disconnect_NeverConnected_SleepsOneSecondAndPrintsNothing) {
+  Camera camera(info(), "", "00", "ABCD1000");
+  camera.Disconnect();
+  EXPECT_THAT(takeAll(), ElementsAre("sleep 1 s"));
+}
+
+TEST_F(CameraDisconnectTest, Disconnect_Connected_ReleasesPipelineStreamDeviceInThisOrder) {
+  Camera camera(info(), "", "00", "ABCD1000");
+  camera.Connect();
+  const PvPipeline* const pipeline = camera.pipeline;
+  log().clear();
+  camera.Disconnect();
+  EXPECT_THAT(takeAll(),
+              ElementsAre("sleep 1 s", "PvPipeline::~PvPipeline", "PvStream::IsOpen", "out: Camera: Closing stream\\n",
+                          "PvStream::Close", "PvStream::Free", "PvStream::~PvStream", "PvDevice::IsConnected",
+                          "out: Camera: Disconnecting device\\n", "PvDevice::Disconnect", "PvDevice::Free",
+                          "PvDevice::~PvDevice"));
+  EXPECT_EQ(camera.stream, nullptr);
+  EXPECT_EQ(camera.device, nullptr);
+  EXPECT_EQ(camera.pipeline, pipeline) << "the pipeline's pointer is kept on purpose";
+  EXPECT_EQ(camera.GetStatus(), "Disconnected");
+  for (const char* kind : {"PvDevice", "PvStream", "PvPipeline"}) EXPECT_EQ(scripted::liveObjects(kind), 0) << kind;
+}
+
+TEST_F(CameraDisconnectTest, Disconnect_Acquiring_StopsTheAcquisitionFirst) {
+  Camera camera(info(), "", "00", "ABCD1000");
+  camera.Connect();
+  camera.StartAcquisition();
+  log().clear();
+  camera.Disconnect();
+  EXPECT_THAT(
+      take({"out", "sleep", "PvGenCommand", "PvPipeline::~"}),
+      ElementsAre("out: Camera: Stopping Acquisition\\n", "PvGenCommand::Execute AcquisitionStop", "sleep 1 s",
+                  "PvPipeline::~PvPipeline", "out: Camera: Closing stream\\n", "out: Camera: Disconnecting device\\n"));
+  EXPECT_FALSE(camera.IsAcquiring());
+}
+
+TEST_F(CameraDisconnectTest, Disconnect_DeviceLost_ClosesTheStreamAndKeepsTheDevice) {
+  Camera camera(info(), "", "00", "ABCD1000");
+  camera.Connect();
+  device_->stays_connected = false;
+  log().clear();
+  camera.Disconnect();
+  EXPECT_THAT(take({"out"}), ElementsAre("out: Camera: Closing stream\\n"));
+  EXPECT_EQ(camera.stream, nullptr);
+  EXPECT_NE(camera.device, nullptr);
+  PvDevice::Free(camera.device);
+}
+
+TEST_F(CameraDisconnectTest, Disconnect_StreamNotOpen_KeepsTheStreamAndReleasesTheDevice) {
+  Camera camera(info(), "", "00", "ABCD1000");
+  camera.Connect();
+  device_->stream_stays_open = false;
+  log().clear();
+  camera.Disconnect();
+  EXPECT_THAT(take({"out"}), ElementsAre("out: Camera: Disconnecting device\\n"));
+  EXPECT_NE(camera.stream, nullptr);
+  EXPECT_EQ(camera.device, nullptr);
+  PvStream::Free(camera.stream);
+}
+
+TEST_F(CameraDisconnectTest, Disconnect_AfterAStreamThatNeverOpened_ReleasesTheDevice) {
+  device_->stream_opens = false;
+  Camera camera(info(), "", "00", "ABCD1000");
+  ASSERT_EQ(camera.Connect(), -1);
+  log().clear();
+  camera.Disconnect();
+  EXPECT_THAT(take({"out"}), ElementsAre("out: Camera: Disconnecting device\\n"));
+  EXPECT_EQ(camera.device, nullptr);
+}
+
+TEST_F(CameraDisconnectTest, Connect_AfterDisconnect_MakesEverythingAnew) {
+  Camera camera(info(), "", "00", "ABCD1000");
+  for (int round = 0; round < 3; ++round) {
+    EXPECT_EQ(camera.Connect(), 0);
+    EXPECT_EQ(camera.GetStatus(), "Connected");
+    camera.Disconnect();
+    EXPECT_EQ(camera.GetStatus(), "Disconnected");
+  }
+}
+
+TEST_F(CameraDisconnectTest, Destructor_ConnectedCamera_TouchesNothingOfTheNetwork) {
+  PvDevice* device = nullptr;
+  PvStream* stream = nullptr;
+  PvPipeline* pipeline = nullptr;
+  {
+    Camera camera(info(), "", "00", "ABCD1000");
+    camera.Connect();
+    device = camera.device;
+    stream = camera.stream;
+    pipeline = camera.pipeline;
+    log().clear();
+  }
+  EXPECT_THAT(takeAll(), testing::IsEmpty());
+  delete pipeline;
+  PvStream::Free(stream);
+  PvDevice::Free(device);
+}
+
+static_assert(std::has_virtual_destructor_v<Camera>);
+
+}  // namespace
