@@ -37,6 +37,7 @@ class CapturedOutput::FlushBuffer : public std::stringbuf {
 
  protected:
   int sync() override {
+    if (str().empty()) return 0;  // standard error flushes standard output before each piece
     eventLog().add("out: " + visible(str()));
     str("");
     return 0;

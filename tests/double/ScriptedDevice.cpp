@@ -82,9 +82,13 @@ PvDevice* PvDevice::CreateAndConnect(const PvDeviceInfo* info, PvResult* result)
   const scripted::Device& device = PvLayer::deviceOf(*info);
   eventLog().add("PvDevice::CreateAndConnect " + nullable(device.display_id) + (result != nullptr ? "" : " no result"));
   if (!device.accepts_connection) return nullptr;
-  auto state = std::make_unique<State>();
+  return PvLayer::makeDevice(device);
+}
+
+PvDevice* PvLayer::makeDevice(const scripted::Device& device) {
+  auto state = std::make_unique<PvDevice::State>();
   state->device = &device;
-  state->parameters = PvLayer::makeParameters(device);
+  state->parameters = makeParameters(device);
   if (device.is_gige_vision) return new PvDeviceGEV(std::move(state));
   return new PvDevice(std::move(state));
 }

@@ -5,11 +5,13 @@
 #include <memory>
 #include <string>
 
+#include "PvBuffer.h"
 #include "PvDevice.h"
 #include "PvDeviceInfo.h"
 #include "PvGenCommand.h"
 #include "PvGenParameterArray.h"
 #include "PvInterface.h"
+#include "PvStream.h"
 #include "tests/double/ScriptedNetwork.h"
 
 namespace scripted {
@@ -41,4 +43,7 @@ struct PvLayer {
   static const scripted::Device& deviceOf(const PvDeviceInfo& info);
   static PvGenCommand* makeCommand(const std::string& name);
   static std::unique_ptr<PvGenParameterArray> makeParameters(const scripted::Device& device);
+  static PvDevice* makeDevice(const scripted::Device& device);
+  static PvStream* makeStream(const scripted::Device& device);
+  static std::unique_ptr<PvBuffer> makeBuffer(uint8_t first_byte);
 };

@@ -27,12 +27,16 @@ PvStream* PvStream::CreateAndOpen(const PvString& connectionID, PvResult* result
     if (!interface) continue;
     for (const auto& device : *interface) {
       if (device == nullptr || device->connection_id.GetAscii() != id || !device->stream_opens) continue;
-      auto state = std::make_unique<State>();
-      state->device = device.get();
-      return new PvStreamGEV(std::move(state));
+      return PvLayer::makeStream(*device);
     }
   }
   return nullptr;
+}
+
+PvStream* PvLayer::makeStream(const scripted::Device& device) {
+  auto state = std::make_unique<PvStream::State>();
+  state->device = &device;
+  return new PvStreamGEV(std::move(state));
 }
 
 void PvStream::Free(PvStream* stream) {
@@ -62,6 +66,10 @@ struct PvBuffer::State {
 PvBuffer::PvBuffer(std::unique_ptr<State> state) : state_(std::move(state)) {}
 PvBuffer::~PvBuffer() = default;
 uint8_t* PvBuffer::GetDataPointer() { return &state_->first_byte; }
+
+std::unique_ptr<PvBuffer> PvLayer::makeBuffer(uint8_t first_byte) {
+  return std::unique_ptr<PvBuffer>(new PvBuffer(std::make_unique<PvBuffer::State>(PvBuffer::State{first_byte})));
+}
 
 struct PvPipeline::State {
   scripted::LiveObject live{"PvPipeline"};
@@ -109,8 +117,7 @@ PvResult PvPipeline::RetrieveNextBuffer(PvBuffer** buffer, unsigned int timeout_
   network().retrievals.pop_front();
   scripted::passTime_ms(retrieval.takes_ms);
   if (retrieval.first_byte) {
-    state_->buffers.emplace_back(
-        new PvBuffer(std::make_unique<PvBuffer::State>(PvBuffer::State{*retrieval.first_byte})));
+    state_->buffers.push_back(PvLayer::makeBuffer(*retrieval.first_byte));
     *buffer = state_->buffers.back().get();
   }
   return retrieval.result;

@@ -1,6 +1,7 @@
 // Discovery: which cameras are made, in which order, and what is printed.
 #include "camera/CameraCenter.h"
 
+#include <algorithm>
 #include <type_traits>
 
 #include "tests/unit/camera/ScriptedTest.h"
@@ -44,6 +45,16 @@ TEST_F(CameraCenterTest, Constructor_NoInterfaces_FindsThenAsksForTheCount) {
 TEST_F(CameraCenterTest, Constructor_KeepsTheLocationAsGiven) {
   const CameraCenter center("some/../where/ ");
   EXPECT_EQ(center.sourceLocation, "some/../where/ ");
+}
+
+TEST_F(CameraCenterTest, Members_LieInTheOrderThatApplicationsWereBuiltWith) {
+  const CameraCenter center("");
+  const auto address = [](const auto& member) { return reinterpret_cast<uintptr_t>(&member); };
+  const std::vector<uintptr_t> addresses = {address(center.sourceLocation),    address(center.pvSystem),
+                                            address(center.calibrationSource), address(center.currentCamera),
+                                            address(center.cameras),           address(center.currentDeviceInfo),
+                                            address(center.deviceInfos)};
+  EXPECT_TRUE(std::is_sorted(addresses.begin(), addresses.end()));
 }
 
 TEST_F(CameraCenterTest, Constructor_TwoInterfacesOfTwoDevices_ListsFourInOrder) {

@@ -1,4 +1,5 @@
 // Construction and connection of a camera.
+#include <algorithm>
 #include <ios>
 #include <iostream>
 #include <stdexcept>
@@ -53,6 +54,26 @@ TEST_F(CameraConnectTest, Constructors_SetWhatTheyAreGivenAndDefaultTheRest) {
   EXPECT_EQ(four.calibrationText, "text");
   EXPECT_EQ(four.calibrationVersion, "02");
   EXPECT_EQ(four.serialNumber, "ABCD1000");
+}
+
+TEST_F(CameraConnectTest, Members_LieInTheOrderThatApplicationsWereBuiltWith) {
+  const auto address = [](const auto& member) { return reinterpret_cast<uintptr_t>(&member); };
+  const std::vector<uintptr_t> addresses = {address(camera_.stream),
+                                            address(camera_.pipeline),
+                                            address(camera_.device),
+                                            address(camera_.acquisitionStartCommand),
+                                            address(camera_.acquisitionStopCommand),
+                                            address(camera_.buffer),
+                                            address(camera_.parameters),
+                                            address(camera_.deviceInfo),
+                                            address(camera_.serialSettings),
+                                            address(camera_.calibrationText),
+                                            address(camera_.calibrationVersion),
+                                            address(camera_.serialNumber),
+                                            address(camera_.acquiring),
+                                            address(camera_.lastFrameTime),
+                                            address(camera_.limitFrameRate)};
+  EXPECT_TRUE(std::is_sorted(addresses.begin(), addresses.end()));
 }
 
 TEST_F(CameraConnectTest, GetStatus_NewCamera_IsDisconnected) {
@@ -159,10 +180,10 @@ INSTANTIATE_TEST_SUITE_P(Serials, SpeedClassTest,
                          testing::Values(SerialCase{"ABCC1703", true}, SerialCase{"ABCC1702", false},
                                          SerialCase{"ABCC1701", false}, SerialCase{"ABCD1703", false},
                                          SerialCase{"ABCE9999", false}, SerialCase{"ABCc1703", false},
-                                         SerialCase{"ABCC1703-7", true},     // the digits end the number
-                                         SerialCase{"ABCC00017030", false},  // only 7 characters count: 0001703
-                                         SerialCase{"ABCC00170399", true},   // 0017039
-                                         SerialCase{"ABCC 1703", true},      // blanks before the number are skipped
+                                         SerialCase{"ABCC1703-7", true},      // the digits end the number
+                                         SerialCase{"ABCC0001703", true},     // 7 characters count:
+                                         SerialCase{"ABCC000001703", false},  // this is 0000017
+                                         SerialCase{"ABCC 1703", true},       // blanks before it are skipped
                                          SerialCase{"ABCC-1703", false}));
 
 class BadSerialTest : public ScriptedCameraTest {
