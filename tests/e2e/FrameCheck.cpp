@@ -1,0 +1,63 @@
+#include "tests/e2e/FrameCheck.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "pv/aravis/StreamDetails.h"
+
+namespace e2e {
+namespace {
+
+constexpr uint32_t kMono14 = 0x01100025;
+constexpr uint64_t kHighestBlockId = 65535;
+
+}  // namespace
+
+FrameCheck::FrameCheck(const simulator::SceneSettings& settings) : scene_(settings) {}
+
+testing::AssertionResult FrameCheck::check(const Camera& camera) {
+  const keocam::FrameDetails details = keocam::detailsOf(*camera.buffer);
+  const simulator::ImageSize sensor = scene_.settings().sensor;
+  if (details.width != sensor.width || details.height != sensor.height || details.pixel_format != kMono14 ||
+      details.size != sensor.width * sensor.height * 2) {
+    return testing::AssertionFailure() << "frame " << details.block_id << " is " << details.width << "x"
+                                       << details.height << ", " << details.size << " bytes, format 0x" << std::hex
+                                       << details.pixel_format;
+  }
+  const uint64_t expected_id = last_block_id_ % kHighestBlockId + 1;
+  if (details.block_id != expected_id) {
+    return testing::AssertionFailure() << "frame " << details.block_id << " came where " << expected_id << " was due";
+  }
+  last_block_id_ = details.block_id;
+
+  // The wire is little-endian, whatever this host is.
+  const std::vector<uint16_t> expected = scene_.render(sensor.width, sensor.height, details.block_id);
+  const uint8_t* const data = camera.buffer->GetDataPointer();
+  std::vector<uint8_t> bytes(expected.size() * 2);
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    bytes[2 * i] = static_cast<uint8_t>(expected[i] & 0xFF);
+    bytes[2 * i + 1] = static_cast<uint8_t>(expected[i] >> 8);
+  }
+  const auto difference = std::mismatch(bytes.begin(), bytes.end(), data);
+  if (difference.first != bytes.end()) {
+    return testing::AssertionFailure() << "frame " << details.block_id << " differs from the scene at byte "
+                                       << difference.first - bytes.begin();
+  }
+  ++frames_checked_;
+  return testing::AssertionSuccess();
+}
+
+testing::AssertionResult receiveAndCheck(Camera& camera, FrameCheck& check, uint64_t count) {
+  for (uint64_t i = 0; i < count; ++i) {
+    camera.buffer = nullptr;
+    if (camera.RetreiveBuffer() == nullptr) {
+      return testing::AssertionFailure() << "no frame within a second after " << i << " of " << count;
+    }
+    const testing::AssertionResult result = check.check(camera);
+    camera.ReleaseBuffer();
+    if (!result) return result;
+  }
+  return testing::AssertionSuccess();
+}
+
+}  // namespace e2e

@@ -1,0 +1,46 @@
+#include "tests/e2e/StreamingCamera.h"
+
+#include <stdexcept>
+
+namespace e2e {
+
+simulator::CameraOptions cameraOptions(unsigned int index, double frame_rate_hz) {
+  simulator::CameraOptions options;
+  options.address = "127.0.0." + std::to_string(2 + index);
+  options.serial = "KEOD" + std::to_string(2001 + index);
+  options.frame_rate_hz = frame_rate_hz;
+  options.seed = 100 + index;  // no two cameras see the same scene
+  return options;
+}
+
+Camera& cameraOf(CameraCenter& center, const std::string& serial_number) {
+  for (Camera* const camera : center.cameras) {
+    if (camera->serialNumber == serial_number) return *camera;
+  }
+  throw std::runtime_error("no camera " + serial_number + " among " + std::to_string(center.cameras.size()) + " found");
+}
+
+Acquisition::Acquisition(Camera& camera) : camera_(camera) {
+  if (camera_.Connect() != 0) throw std::runtime_error("cannot connect " + camera_.serialNumber);
+  camera_.StartAcquisition();
+}
+
+Acquisition::~Acquisition() {
+  release();
+  camera_.Disconnect();
+}
+
+const uint8_t* Acquisition::next() {
+  release();
+  camera_.buffer = nullptr;
+  const uint8_t* const data = camera_.RetreiveBuffer();
+  holding_ = data != nullptr;
+  return data;
+}
+
+void Acquisition::release() {
+  if (holding_) camera_.ReleaseBuffer();
+  holding_ = false;
+}
+
+}  // namespace e2e

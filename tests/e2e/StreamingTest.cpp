@@ -1,0 +1,90 @@
+// Frames at full rate, none lost, every byte as the camera sent it.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "pv/aravis/StreamDetails.h"
+#include "tests/e2e/FrameCheck.h"
+#include "tests/e2e/StreamingCamera.h"
+
+namespace {
+
+using simulator::SimulatedCamera;
+
+constexpr uint64_t kFrames = 1000;
+
+void expectNothingLost(const Camera& camera) {
+  const keocam::StreamStatistics statistics = keocam::statisticsOf(*camera.stream);
+  EXPECT_EQ(statistics.frames_incomplete, 0u);
+  EXPECT_EQ(statistics.frames_no_buffer, 0u);
+  EXPECT_GE(statistics.frames_complete, kFrames);
+}
+
+TEST(Streaming, OneCamera_SixtyFramesPerSecond_ThousandFramesComplete) {
+  const SimulatedCamera simulated(e2e::cameraOptions(0, 60.0));
+  CameraCenter center("");
+  Camera& camera = e2e::cameraOf(center, simulated.options().serial);
+  const e2e::Acquisition acquisition(camera);
+  e2e::FrameCheck check(simulated.sceneSettings());
+
+  EXPECT_TRUE(e2e::receiveAndCheck(camera, check, kFrames));
+  EXPECT_EQ(check.framesChecked(), kFrames);
+  expectNothingLost(camera);
+}
+
+TEST(Streaming, FourCameras_ThirtyFramesPerSecondEach_ThousandFramesCompleteFromEach) {
+  std::vector<std::unique_ptr<SimulatedCamera>> simulated;
+  for (unsigned int i = 0; i < 4; ++i) {
+    simulated.push_back(std::make_unique<SimulatedCamera>(e2e::cameraOptions(i, 30.0)));
+  }
+  CameraCenter center("");
+  ASSERT_EQ(center.cameras.size(), simulated.size());
+
+  std::vector<std::unique_ptr<e2e::Acquisition>> acquisitions;
+  for (const auto& source : simulated) {
+    acquisitions.push_back(std::make_unique<e2e::Acquisition>(e2e::cameraOf(center, source->options().serial)));
+  }
+  std::vector<testing::AssertionResult> results(simulated.size(), testing::AssertionFailure() << "did not run");
+  std::vector<std::thread> readers;
+  for (std::size_t i = 0; i < simulated.size(); ++i) {
+    readers.emplace_back([&, i] {
+      e2e::FrameCheck check(simulated[i]->sceneSettings());
+      results[i] = e2e::receiveAndCheck(e2e::cameraOf(center, simulated[i]->options().serial), check, kFrames);
+    });
+  }
+  for (std::thread& reader : readers) reader.join();
+
+  for (std::size_t i = 0; i < simulated.size(); ++i) {
+    SCOPED_TRACE(simulated[i]->options().serial);
+    EXPECT_TRUE(results[i]);
+    expectNothingLost(e2e::cameraOf(center, simulated[i]->options().serial));
+  }
+}
+
+struct SizeCase {
+  simulator::ImageSize sensor;
+  const char* name;
+};
+
+class StreamingSizes : public testing::TestWithParam<SizeCase> {};
+
+TEST_P(StreamingSizes, EverySensor_FramesAreComplete) {
+  simulator::CameraOptions options = e2e::cameraOptions(0, 60.0);
+  options.sensor = GetParam().sensor;
+  const SimulatedCamera simulated(options);
+  CameraCenter center("");
+  Camera& camera = e2e::cameraOf(center, options.serial);
+  const e2e::Acquisition acquisition(camera);
+  e2e::FrameCheck check(simulated.sceneSettings());
+  EXPECT_TRUE(e2e::receiveAndCheck(camera, check, 30));
+}
+
+INSTANTIATE_TEST_SUITE_P(Sensors, StreamingSizes,
+                         testing::Values(SizeCase{{640, 512}, "640x512"}, SizeCase{{336, 256}, "336x256"},
+                                         SizeCase{{320, 256}, "320x256"}, SizeCase{{160, 128}, "160x128"}),
+                         [](const auto& sensor) { return std::string(sensor.param.name); });
+
+}  // namespace
