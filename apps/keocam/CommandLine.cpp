@@ -1,0 +1,175 @@
+#include "apps/keocam/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+
+#include "apps/keocam/terminal/PrintableText.h"
+#include "apps/keocam/terminal/Suggestion.h"
+
+namespace keocam::cli {
+namespace {
+
+struct Verb {
+  const char* name;
+  const char* description;
+  const char* example;
+};
+
+constexpr Verb kList{"list", "Show the cameras on this host's networks", "keocam list --json"};
+constexpr Verb kStream{"stream", "Receive frames from a camera and tell how well that goes",
+                       "keocam stream --camera KEOD2001 --frames 100 --picture last.png"};
+constexpr Verb kSimulate{"simulate", "Run a camera in software; takes the arguments of keocam-simulator",
+                         "keocam simulate --cameras 2"};
+constexpr Verb kVerbs[] = {kList, kStream, kSimulate};
+
+// Far more than anyone waits, and still exact in nanoseconds.
+constexpr double kLongest_s = 1e8;
+
+std::vector<std::string> verbNames() {
+  std::vector<std::string> names;
+  for (const Verb& verb : kVerbs) names.emplace_back(verb.name);
+  return names;
+}
+
+std::string footer() {
+  std::string text = "Examples:\n";
+  for (const Verb& verb : kVerbs) text += std::string("  ") + verb.example + '\n';
+  text += "\nExit status:\n";
+  for (const ExitStatusMeaning& row : kExitStatusMeanings) {
+    text += "  " + std::to_string(static_cast<int>(row.status)) + "  " + row.meaning + '\n';
+  }
+  return text +
+         "\nData go to standard output, messages to standard error. \"keocam VERB --help\" tells more of a verb.";
+}
+
+// The library's own check for a range lets "nan" pass.
+CLI::Validator secondsFrom(double least_s) {
+  const auto check = [least_s](const std::string& text) -> std::string {
+    double value = 0.0;
+    const bool number = CLI::detail::lexical_cast(text, value) && std::isfinite(value);
+    if (number && value >= least_s && value <= kLongest_s) return {};
+    std::ostringstream message;
+    message << "it must be a number of seconds from " << least_s << " to " << kLongest_s;
+    return message.str();
+  };
+  return CLI::Validator(check, "");
+}
+
+CLI::App* addVerb(CLI::App& app, const Verb& verb) {
+  CLI::App* const command = app.add_subcommand(verb.name, verb.description);
+  command->footer(std::string("Example: ") + verb.example);
+  return command;
+}
+
+void addList(CLI::App& app, ListOptions& options) {
+  CLI::App* const command = addVerb(app, kList)->fallthrough();
+  command->add_flag("--json", options.json, "Print an array of objects instead of a table");
+}
+
+void addStream(CLI::App& app, StreamOptions& options) {
+  CLI::App* const command = addVerb(app, kStream)->fallthrough();
+  StreamLimits& limits = options.limits;
+  command
+      ->add_option("-c,--camera", options.serial_number, "The camera's serial number; not needed if there is but one")
+      ->type_name("SERIAL");
+  command->add_option("-n,--frames", limits.frames, "Stop after N frames")
+      ->type_name("N")
+      ->check(CLI::Range(uint64_t{1}, uint64_t{1} << 48U, "").description(""));
+  command->add_option("-d,--duration", limits.duration_s, "Stop after S seconds")
+      ->type_name("S")
+      ->check(secondsFrom(0.001));
+  command->add_option("-t,--timeout", limits.timeout_s, "Give up after S seconds without a frame; 5 if not given")
+      ->type_name("S")
+      ->check(secondsFrom(1.0));
+  command->add_option("-p,--picture", options.picture_path, "Write the last frame as a PNG with a scale bar")
+      ->type_name("FILE");
+  command
+      ->add_option("--calibrations", options.calibrations,
+                   "Folder of calibrations, an entry for each serial number; or KEOCAM_DATA_DIR")
+      ->type_name("DIR")
+      ->envname("KEOCAM_DATA_DIR");
+  command->add_flag("--json", options.json, "Print the totals as an object");
+}
+
+// What an option not known was probably meant to be.
+std::string optionSuggestion(const CLI::App& app, const std::vector<std::string>& extras) {
+  if (extras.empty()) return {};
+  std::vector<std::string> names;
+  const std::vector<CLI::App*> used = app.get_subcommands();
+  const CLI::App& command = used.empty() ? app : *used.front();
+  for (const CLI::Option* const option : command.get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  }
+  return didYouMean(extras.front(), names);
+}
+
+Answer usageError(const std::string& text) { return {ExitStatus::Usage, text + "\nSee \"keocam --help\"."}; }
+
+Answer answerTo(const CLI::App& app, const CLI::ParseError& error) {
+  if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::Success)) {
+    std::ostringstream text;
+    app.exit(error, text, text);
+    return {ExitStatus::Ok, text.str()};
+  }
+  std::string suggestion;
+  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
+    suggestion = optionSuggestion(app, app.remaining(true));
+  }
+  return usageError(printable(error.what()) + suggestion);
+}
+
+}  // namespace
+
+std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>& arguments) {
+  // No option before the verb takes a value, so the first plain word is the verb.
+  const auto verb = std::find_if(arguments.begin(), arguments.end(),
+                                 [](const std::string& text) { return text.empty() || text.front() != '-'; });
+  const std::vector<std::string> names = verbNames();
+  if (verb != arguments.end() && std::find(names.begin(), names.end(), *verb) == names.end()) {
+    return usageError("There is no verb " + inQuotes(*verb) + didYouMean(*verb, names));
+  }
+
+  // Everything behind "simulate", --help included, is the simulator's.
+  const bool simulate = verb != arguments.end() && *verb == kSimulate.name;
+  const auto own_end = simulate ? verb + 1 : arguments.end();
+
+  CLI::App app("Find GigE Vision thermal cameras and stream from them", "keocam");
+  ListOptions list;
+  StreamOptions stream;
+  bool quiet = false;
+  bool verbose = false;
+  app.set_version_flag("--version", "keocam " KEOCAM_VERSION);
+  CLI::Option* const quiet_flag = app.add_flag("-q,--quiet", quiet, "No messages but errors");
+  app.add_flag("-v,--verbose", verbose, "More messages, the library's among them")->excludes(quiet_flag);
+  app.require_subcommand(1);
+  app.footer(footer());
+  addList(app, list);
+  addStream(app, stream);
+  addVerb(app, kSimulate);
+
+  try {
+    std::vector<std::string> reversed(arguments.begin(), own_end);
+    std::reverse(reversed.begin(), reversed.end());
+    app.parse(reversed);
+  } catch (const CLI::RequiredError&) {
+    return usageError("A verb is missing.");
+  } catch (const CLI::ParseError& error) {
+    return answerTo(app, error);
+  }
+
+  Invocation invocation;
+  if (quiet) invocation.verbosity = Verbosity::Quiet;
+  if (verbose) invocation.verbosity = Verbosity::Verbose;
+  if (simulate) {
+    invocation.command = SimulateOptions{{own_end, arguments.end()}};
+  } else if (*verb == kStream.name) {
+    invocation.command = stream;
+  } else {
+    invocation.command = list;
+  }
+  return invocation;
+}
+
+}  // namespace keocam::cli

@@ -1,0 +1,34 @@
+// The command line: verbs, options, help.
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "apps/keocam/Console.h"
+#include "apps/keocam/ExitStatus.h"
+#include "apps/keocam/ListCommand.h"
+#include "apps/keocam/StreamCommand.h"
+
+namespace keocam::cli {
+
+struct SimulateOptions {
+  std::vector<std::string> arguments;  ///< as given, for the simulator
+};
+
+/// What the user asked for.
+struct Invocation {
+  Verbosity verbosity = Verbosity::Normal;
+  std::variant<ListOptions, StreamOptions, SimulateOptions> command;
+};
+
+/// Nothing to run: a text to print, such as the help, and how to end. An error's text belongs on standard error.
+struct Answer {
+  ExitStatus status;
+  std::string text;
+};
+
+/// `arguments` are those behind the program's name.
+std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>& arguments);
+
+}  // namespace keocam::cli

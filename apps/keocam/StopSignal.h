@@ -1,0 +1,27 @@
+// Ctrl-C and its relatives, as a request to stop instead of an end.
+#pragma once
+
+#include <signal.h>
+
+#include <array>
+#include <cstddef>
+
+namespace keocam::cli {
+
+/// While it lives, SIGINT, SIGTERM, SIGHUP, and SIGPIPE (a reader of the output went away) only set a flag. A second
+/// SIGINT, SIGTERM or SIGHUP ends the program at once, for those who cannot wait. One at a time in a process.
+class StopSignal {
+ public:
+  StopSignal();
+  ~StopSignal();
+  StopSignal(const StopSignal&) = delete;
+  StopSignal& operator=(const StopSignal&) = delete;
+
+  bool requested() const;
+
+ private:
+  static constexpr std::size_t kSignals = 4;
+  std::array<struct sigaction, kSignals> before_{};
+};
+
+}  // namespace keocam::cli

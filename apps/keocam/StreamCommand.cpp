@@ -1,0 +1,86 @@
+#include "apps/keocam/StreamCommand.h"
+
+#include <unistd.h>
+
+#include <iostream>
+
+#include "apps/keocam/CameraChoice.h"
+#include "apps/keocam/CameraSearch.h"
+#include "apps/keocam/CameraSession.h"
+#include "apps/keocam/CommandFailure.h"
+#include "apps/keocam/PendingFile.h"
+#include "apps/keocam/StreamReport.h"
+#include "apps/keocam/StreamRun.h"
+#include "apps/keocam/picture/Png.h"
+#include "apps/keocam/picture/ThermalPicture.h"
+#include "apps/keocam/terminal/PrintableText.h"
+#include "apps/keocam/terminal/ProgressLine.h"
+
+namespace keocam::cli {
+namespace {
+
+CalibrationEntry calibrationOf(const DeviceDetails& camera, const std::string& folder) {
+  if (!folder.empty()) return CalibrationSource(folder).lookUp(camera.serial_number);
+  CalibrationEntry none;
+  none.serial_number = camera.serial_number;
+  return none;
+}
+
+StreamResult streamFrom(Camera& camera, const StreamOptions& options, const Console& console, const StopSignal& stop) {
+  ProgressLine progress(std::cerr, [] { return terminalOn(STDERR_FILENO); });
+  const bool quiet = console.verbosity() == Verbosity::Quiet;
+  return runStream(camera, options.limits, options.picture_path.has_value(), stop,
+                   [&](const StreamPeriod& second, const StreamPeriod& all) {
+                     const bool trouble = second.frames_lost > 0 || second.frames == 0;
+                     if (!quiet)
+                       progress.show(progressText(second, all), trouble ? ProgressMood::Trouble : ProgressMood::Normal);
+                   });
+}
+
+// A picture that was asked for and cannot be made is a failure, with the reason.
+void writePicture(PendingFile& file, const std::string& path, const DeviceDetails& camera, const StreamResult& result) {
+  const FrameDetails& details = result.last_frame;
+  const RawFrame frame{result.last_frame_pixels.data(), result.last_frame_pixels.size(), details.width, details.height,
+                       details.pixel_format};
+  const auto image = rawImageOf(frame);
+  if (!image) {
+    throw CommandFailure(
+        ExitStatus::Failure,
+        inQuotes(path) + " was not written: " +
+            (result.total.frames == 0 ? "no frame arrived." : "the frames are not ones of raw counts."));
+  }
+  file.commit(encodePng(thermalPicture(*image, printable(camera.serial_number))));
+}
+
+void warnOfUnknownFormat(const Console& console, const StreamResult& result) {
+  if (result.total.frames == 0 || findPixelFormat(result.last_frame.pixel_format) != nullptr) return;
+  console.warning("The raw values of the pixel format " + pixelFormatName(result.last_frame.pixel_format) +
+                  " are not understood and left out; set the camera to one of " + understoodPixelFormats() + ".");
+}
+
+}  // namespace
+
+ExitStatus runStreamCommand(const StreamOptions& options, const Console& console, DataOutput& output) {
+  std::optional<PendingFile> picture;
+  if (options.picture_path) picture.emplace(*options.picture_path);
+
+  const StopSignal stop;
+  const CameraSearch search;
+  const std::size_t chosen = chooseCamera(search.details(), options.serial_number, searchedInterfaces());
+  const DeviceDetails& camera = search.details()[chosen];
+  if (!camera.in_subnet) console.warning(subnetAdvice(camera));
+
+  CameraSession session(search.infos()[chosen], camera, calibrationOf(camera, options.calibrations));
+  session.connect();
+  console.detail("Connected to " + nameOf(camera) + ".");
+
+  const StreamResult result = streamFrom(session.camera(), options, console, stop);
+  output.write(options.json ? streamJson(camera, result) : streamText(camera, result));
+  warnOfUnknownFormat(console, result);
+  const bool failed = result.end == StreamEnd::NoFrames || result.end == StreamEnd::CameraLost;
+  if (picture && (result.total.frames > 0 || !failed)) writePicture(*picture, *options.picture_path, camera, result);
+  if (failed) throw CommandFailure(ExitStatus::LinkLost, failureText(camera, result, options.limits.timeout_s));
+  return ExitStatus::Ok;
+}
+
+}  // namespace keocam::cli
