@@ -1,0 +1,154 @@
+#include "pv/aravis/DeviceLink.h"
+
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "pv/aravis/DeviceWatcher.h"
+#include "pv/aravis/DisplayName.h"
+#include "pv/aravis/Error.h"
+#include "pv/aravis/GvcpClient.h"
+#include "pv/aravis/StreamOptions.h"
+#include "pv/aravis/StreamReceiver.h"
+
+namespace keocam {
+
+namespace {
+
+using Code = PvResult::Code;
+
+// Long enough for a device that answers, short enough for a caller.
+constexpr std::chrono::milliseconds kCloseLimit_ms(2500);
+constexpr guint32 kTakeControl = 2;
+
+}  // namespace
+
+DeviceLink::DeviceLink(DeviceDetails device) : details_(std::move(device)) {}
+
+std::string DeviceLink::name() const { return displayName(details_); }
+
+std::shared_ptr<DeviceLink> DeviceLink::connect(const DeviceDetails& device, std::chrono::milliseconds limit,
+                                                PvResult& result) {
+  const auto link = std::make_shared<DeviceLink>(device);
+  const PvResult late = failure(Code::Timeout, link->name() + " did not answer in time while it was being opened.");
+  try {
+    link->threads_ = 1;
+    std::thread([link] { link->work(); }).detach();
+    result = link->jobs_.run([link] { return link->openDevice(); }, limit, late);
+    if (result.IsOK()) {
+      link->connected_ = true;
+      const std::lock_guard<std::mutex> lock(link->mutex_);
+      link->threads_ = 2;
+      std::thread([link] { DeviceWatcher(link).watch(); }).detach();
+    }
+  } catch (const std::system_error& error) {
+    result = failure(Code::GenericError, std::string("No thread could be started for the device: ") + error.what());
+  }
+  if (result.IsOK()) return link;
+  link->end(result);
+  return nullptr;
+}
+
+PvResult DeviceLink::openDevice() {
+  const GObjectPtr<GInetAddress> interface(g_inet_address_new_from_string(details_.interface_address.c_str()));
+  const GObjectPtr<GInetAddress> address(g_inet_address_new_from_string(details_.address.c_str()));
+  if (!interface || !address) return failure(Code::InvalidParameter, name() + " has no usable address.");
+  GErrorPtr error;
+  GObjectPtr<ArvDevice> device(arv_gv_device_new(interface.get(), address.get(), error.out()));
+  if (error) return resultOf(error, "Opening " + name());
+  if (!device) return failure(Code::GenericError, "Opening " + name() + " failed without an explanation.");
+  // Aravis opens a device without control over it all the same; every write would then fail.
+  if (arv_gv_device_is_controller(ARV_GV_DEVICE(device.get())) == FALSE) {
+    return failure(Code::InUse, name() + " is in use by another host.");
+  }
+  arv_device_set_range_check_policy(device.get(), ARV_RANGE_CHECK_POLICY_ENABLE);
+  arv_device_set_access_check_policy(device.get(), ARV_ACCESS_CHECK_POLICY_ENABLE);
+  arv_gv_device_set_packet_size_adjustment(ARV_GV_DEVICE(device.get()), ARV_GV_PACKET_SIZE_ADJUSTMENT_NEVER);
+  arv_gv_device_set_stream_options(ARV_GV_DEVICE(device.get()), streamOptions().packet_socket
+                                                                    ? ARV_GV_STREAM_OPTION_NONE
+                                                                    : ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
+  g_signal_connect(device.get(), "control-lost", G_CALLBACK(&DeviceLink::onControlLost), this);
+  device_ = std::move(device);
+  return {};
+}
+
+void DeviceLink::work() {
+  jobs_.serve();
+  giveBack();
+  const std::lock_guard<std::mutex> lock(mutex_);
+  --threads_;
+  changed_.notify_all();
+}
+
+// The stream refers to the device, so it goes first.
+void DeviceLink::giveBack() {
+  if (const auto stream = receiver()) stream->close();
+  if (device_) g_signal_handlers_disconnect_by_data(device_.get(), this);
+  device_.reset();
+}
+
+PvResult DeviceLink::run(const Work& work, std::chrono::milliseconds limit) {
+  const auto self = shared_from_this();
+  const PvResult late = failure(Code::Timeout, name() + " did not answer in time.");
+  PvResult result = jobs_.run([self, work] { return work(self->device_.get()); }, limit, late);
+  if (isAccessDenied(result)) confirmControlSoon();
+  return result;
+}
+
+void DeviceLink::post(const Work& work) {
+  const auto self = shared_from_this();
+  jobs_.post([self, work] { return work(self->device_.get()); });
+}
+
+void DeviceLink::end(const PvResult& reason) {
+  connected_ = false;
+  jobs_.close(reason);
+  const std::lock_guard<std::mutex> lock(mutex_);
+  ended_ = true;
+  changed_.notify_all();
+}
+
+void DeviceLink::disconnect() {
+  end(failure(Code::NotConnected, name() + " was disconnected."));
+  std::unique_lock<std::mutex> lock(mutex_);
+  changed_.wait_for(lock, kCloseLimit_ms, [this] { return threads_ == 0; });
+}
+
+void DeviceLink::lose(const std::string& reason) { end(failure(Code::NotConnected, "Lost " + name() + ": " + reason)); }
+
+// Writing the control register again does nothing for the host that has control, and another host is refused. It is
+// the one question that tells the two apart: the register reads the same for both.
+PvResult DeviceLink::confirmControl() {
+  GErrorPtr error;
+  arv_device_write_register(device_.get(), bootstrap::kControlPrivilege, kTakeControl, error.out());
+  PvResult result = resultOf(error, "Keeping control");
+  if (isAccessDenied(result)) lose("another host has taken control of it.");
+  return result;
+}
+
+void DeviceLink::confirmControlSoon() {
+  if (confirming_.exchange(true)) return;
+  const auto self = shared_from_this();
+  post([self](ArvDevice* /*device*/) {
+    PvResult result = self->confirmControl();
+    self->confirming_ = false;
+    return result;
+  });
+}
+
+// Called by Aravis' own thread, which must not be held up nor asked to end itself: the watcher looks at the flag.
+void DeviceLink::onControlLost(ArvDevice* /*device*/, gpointer link) {
+  static_cast<DeviceLink*>(link)->aravis_lost_control_ = true;
+}
+
+std::shared_ptr<StreamReceiver> DeviceLink::receiver() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return receiver_;
+}
+
+void DeviceLink::setReceiver(const std::shared_ptr<StreamReceiver>& receiver) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  receiver_ = receiver;
+}
+
+}  // namespace keocam

@@ -1,0 +1,28 @@
+// A receiver's counts, from Aravis' own.
+#include "pv/aravis/StreamReceiver.h"
+
+namespace keocam {
+
+namespace {
+
+// Headers of IP, UDP and the stream protocol in front of a packet's pixels.
+constexpr uint32_t kPacketHeaders_bytes = 36;
+
+}  // namespace
+
+StreamStatistics StreamReceiver::readStatistics(ArvStream* stream) const {
+  const auto count = [stream](const char* name) { return arv_stream_get_info_uint64_by_name(stream, name); };
+  const auto difference = [](uint64_t all, uint64_t part) { return all > part ? all - part : 0; };
+  StreamStatistics result;
+  result.frames_complete = difference(count("n_completed_buffers"), wrong_size_);
+  // What stopping cuts off was not lost on the way.
+  result.frames_incomplete = difference(count("n_failures"), count("n_aborted")) + wrong_size_;
+  result.packets_received = count("n_received_packets");
+  result.packets_missing = count("n_missing_packets");
+  result.packets_resent = count("n_resent_packets");
+  result.resend_requests = count("n_resend_requests");
+  result.bytes_received = count("n_transferred_bytes");
+  return result;
+}
+
+}  // namespace keocam
