@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
+#include <iomanip>
 #include <sstream>
 
 #include "apps/keocam/terminal/PrintableText.h"
@@ -51,7 +52,7 @@ CLI::Validator secondsFrom(double least_s) {
     const bool number = CLI::detail::lexical_cast(text, value) && std::isfinite(value);
     if (number && value >= least_s && value <= kLongest_s) return {};
     std::ostringstream message;
-    message << "it must be a number of seconds from " << least_s << " to " << kLongest_s;
+    message << std::setprecision(9) << "it must be a number of seconds from " << least_s << " to " << kLongest_s;
     return message.str();
   };
   return CLI::Validator(check, "");
@@ -59,7 +60,8 @@ CLI::Validator secondsFrom(double least_s) {
 
 CLI::App* addVerb(CLI::App& app, const Verb& verb) {
   CLI::App* const command = app.add_subcommand(verb.name, verb.description);
-  command->footer(std::string("Example: ") + verb.example);
+  command->group("Verbs");
+  command->footer(std::string("Example: ") + verb.example + "\n\n\"keocam --help\" tells of -q, -v and exit statuses.");
   return command;
 }
 
@@ -85,24 +87,31 @@ void addStream(CLI::App& app, StreamOptions& options) {
       ->check(secondsFrom(1.0));
   command->add_option("-p,--picture", options.picture_path, "Write the last frame as a PNG with a scale bar")
       ->type_name("FILE");
-  command
-      ->add_option("--calibrations", options.calibrations,
-                   "Folder of calibrations, an entry for each serial number; or KEOCAM_DATA_DIR")
+  command->add_option("--calibrations", options.calibrations, "Folder of calibrations, an entry for each serial number")
       ->type_name("DIR")
       ->envname("KEOCAM_DATA_DIR");
   command->add_flag("--json", options.json, "Print the totals as an object");
 }
 
-// What an option not known was probably meant to be.
-std::string optionSuggestion(const CLI::App& app, const std::vector<std::string>& extras) {
-  if (extras.empty()) return {};
+std::vector<std::string> optionNames(const CLI::App& app) {
+  std::vector<const CLI::App*> commands{&app};
+  for (const CLI::App* const used : app.get_subcommands()) commands.push_back(used);
   std::vector<std::string> names;
-  const std::vector<CLI::App*> used = app.get_subcommands();
-  const CLI::App& command = used.empty() ? app : *used.front();
-  for (const CLI::Option* const option : command.get_options()) {
-    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  for (const CLI::App* const command : commands) {
+    for (const CLI::Option* const option : command->get_options()) {
+      for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+    }
   }
-  return didYouMean(extras.front(), names);
+  return names;
+}
+
+// Names the first option that does not exist, or else the first word too many.
+std::string unexpectedText(const CLI::App& app) {
+  const std::vector<std::string> extras = app.remaining(true);
+  const auto option = std::find_if(extras.begin(), extras.end(),
+                                   [](const std::string& text) { return !text.empty() && text.front() == '-'; });
+  if (option != extras.end()) return "There is no option " + inQuotes(*option) + didYouMean(*option, optionNames(app));
+  return "There is no place for the argument " + inQuotes(extras.empty() ? "" : extras.front());
 }
 
 Answer usageError(const std::string& text) { return {ExitStatus::Usage, text + "\nSee \"keocam --help\"."}; }
@@ -113,11 +122,8 @@ Answer answerTo(const CLI::App& app, const CLI::ParseError& error) {
     app.exit(error, text, text);
     return {ExitStatus::Ok, text.str()};
   }
-  std::string suggestion;
-  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
-    suggestion = optionSuggestion(app, app.remaining(true));
-  }
-  return usageError(printable(error.what()) + suggestion);
+  const bool unexpected = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+  return usageError(unexpected ? unexpectedText(app) : printable(error.what()));
 }
 
 }  // namespace
@@ -141,9 +147,10 @@ std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>
   bool quiet = false;
   bool verbose = false;
   app.set_version_flag("--version", "keocam " KEOCAM_VERSION);
-  CLI::Option* const quiet_flag = app.add_flag("-q,--quiet", quiet, "No messages but errors");
-  app.add_flag("-v,--verbose", verbose, "More messages, the library's among them")->excludes(quiet_flag);
+  app.add_flag("-q,--quiet", quiet, "No messages but errors");
+  app.add_flag("-v,--verbose", verbose, "More messages, the library's among them");
   app.require_subcommand(1);
+  app.get_formatter()->label("SUBCOMMAND", "VERB");
   app.footer(footer());
   addList(app, list);
   addStream(app, stream);
@@ -159,6 +166,7 @@ std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>
     return answerTo(app, error);
   }
 
+  if (quiet && verbose) return usageError("--quiet and --verbose exclude each other.");
   Invocation invocation;
   if (quiet) invocation.verbosity = Verbosity::Quiet;
   if (verbose) invocation.verbosity = Verbosity::Verbose;
