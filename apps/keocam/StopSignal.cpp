@@ -6,14 +6,17 @@ namespace {
 struct HandledSignal {
   int number;
   unsigned int flags;
+  bool stays_ignored;  // where the program was started with it ignored
 };
 
 constexpr HandledSignal kHandled[] = {
-    {SIGINT, SA_RESETHAND},
-    {SIGTERM, SA_RESETHAND},
-    {SIGHUP, SA_RESETHAND},
+    // A shell starts background commands with it ignored; who sends it to one all the same means it.
+    {SIGINT, SA_RESETHAND, false},
+    {SIGTERM, SA_RESETHAND, false},
+    // Ignored is what nohup asks for.
+    {SIGHUP, SA_RESETHAND, true},
     // Comes once for each line written, so it must not fall back to its deadly default.
-    {SIGPIPE, 0},
+    {SIGPIPE, 0, false},
 };
 
 volatile sig_atomic_t stop_requested = 0;
@@ -31,6 +34,9 @@ StopSignal::StopSignal() {
     action.sa_flags = static_cast<int>(kHandled[i].flags);
     sigemptyset(&action.sa_mask);
     sigaction(kHandled[i].number, &action, &before_[i]);
+    if (kHandled[i].stays_ignored && before_[i].sa_handler == SIG_IGN) {
+      sigaction(kHandled[i].number, &before_[i], nullptr);
+    }
   }
 }
 

@@ -9,7 +9,8 @@
 namespace keocam::cli {
 
 /// While it lives, SIGINT, SIGTERM, SIGHUP, and SIGPIPE (a reader of the output went away) only set a flag. A second
-/// SIGINT, SIGTERM or SIGHUP ends the program at once, for those who cannot wait. One at a time in a process.
+/// SIGINT, SIGTERM or SIGHUP ends the program at once, for those who cannot wait. Under nohup SIGHUP stays ignored. One
+/// at a time in a process.
 class StopSignal {
  public:
   StopSignal();

@@ -86,7 +86,9 @@ class Run {
  private:
   void noteNetwork() {
     result_.network = statisticsOf(*camera_.stream);
-    result_.packet_size_bytes = packetSizeOf(*camera_.stream);
+    // A stream that was closed by a loss has none any more.
+    if (const uint32_t size_bytes = packetSizeOf(*camera_.stream); size_bytes > 0)
+      result_.packet_size_bytes = size_bytes;
     frames_.setGivenUp(result_.network.frames_incomplete + result_.network.frames_no_buffer);
   }
 

@@ -1,0 +1,135 @@
+#include "ChildProcess.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <stdexcept>
+
+namespace keocam::cli {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+struct Pipe {
+  Pipe() {
+    int ends[2];
+    if (::pipe2(ends, O_CLOEXEC) != 0) throw std::runtime_error(std::strerror(errno));
+    read_end = ends[0];
+    write_end = ends[1];
+  }
+  int read_end = -1;
+  int write_end = -1;
+};
+
+void closeIfOpen(int& fd) {
+  if (fd >= 0) ::close(fd);
+  fd = -1;
+}
+
+int millisecondsUntil(Clock::time_point deadline) {
+  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
+  return left > 0 ? static_cast<int>(left) : 0;
+}
+
+}  // namespace
+
+ChildProcess::ChildProcess(const std::vector<std::string>& arguments) {
+  // Everything that allocates comes before the fork.
+  std::vector<std::string> texts = arguments;
+  std::vector<char*> pointers;
+  for (std::string& text : texts) pointers.push_back(text.data());
+  pointers.push_back(nullptr);
+  const Pipe input;
+  const Pipe output;
+  const Pipe error;
+  pid_ = ::fork();
+  if (pid_ < 0) throw std::runtime_error(std::strerror(errno));
+  if (pid_ == 0) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    ::dup2(input.read_end, STDIN_FILENO);
+    ::dup2(output.write_end, STDOUT_FILENO);
+    ::dup2(error.write_end, STDERR_FILENO);
+    ::execv(pointers[0], pointers.data());
+    ::_exit(127);
+  }
+  ::close(input.read_end);
+  ::close(output.write_end);
+  ::close(error.write_end);
+  input_ = input.write_end;
+  pipes_ = {output.read_end, error.read_end};
+}
+
+ChildProcess::~ChildProcess() {
+  if (pid_ > 0) {
+    signal(SIGKILL);
+    reap();
+  }
+  closeIfOpen(input_);
+  for (int& pipe : pipes_) closeIfOpen(pipe);
+}
+
+// Waits for more text on either stream. False at the deadline, and when both streams have ended.
+bool ChildProcess::readSome(Clock::time_point deadline) {
+  std::array<pollfd, 2> polled{};
+  for (std::size_t i = 0; i < polled.size(); ++i) polled[i] = {pipes_[i], POLLIN, 0};
+  if (pipes_[Output] < 0 && pipes_[Error] < 0) return false;
+  if (::poll(polled.data(), polled.size(), millisecondsUntil(deadline)) <= 0) return false;
+  for (std::size_t i = 0; i < polled.size(); ++i) {
+    if (polled[i].revents == 0) continue;
+    char buffer[4096];
+    const ssize_t count = ::read(pipes_[i], buffer, sizeof buffer);
+    if (count > 0) {
+      texts_[i].append(buffer, static_cast<std::size_t>(count));
+    } else {
+      closeIfOpen(pipes_[i]);
+    }
+  }
+  return true;
+}
+
+bool ChildProcess::waitFor(Stream stream, const std::string& text, std::chrono::milliseconds limit) {
+  const auto deadline = Clock::now() + limit;
+  while (texts_[stream].find(text) == std::string::npos) {
+    if (!readSome(deadline)) return false;
+  }
+  return true;
+}
+
+int ChildProcess::wait(std::chrono::milliseconds limit) {
+  const auto deadline = Clock::now() + limit;
+  while (readSome(deadline)) {
+  }
+  const bool too_long = pipes_[Output] >= 0 || pipes_[Error] >= 0;
+  if (too_long) signal(SIGKILL);
+  reap();
+  if (too_long) return kTooLong;
+  return WIFEXITED(status_) ? WEXITSTATUS(status_) : 128 + WTERMSIG(status_);
+}
+
+void ChildProcess::reap() {
+  if (pid_ <= 0) return;
+  while (::waitpid(pid_, &status_, 0) < 0 && errno == EINTR) {
+  }
+  pid_ = -1;
+}
+
+void ChildProcess::send(const std::string& line) {
+  const std::string text = line + '\n';
+  if (::write(input_, text.data(), text.size()) != static_cast<ssize_t>(text.size())) {
+    throw std::runtime_error("The program does not read its standard input.");
+  }
+}
+
+void ChildProcess::signal(int number) const {
+  if (pid_ > 0) ::kill(pid_, number);
+}
+
+void ChildProcess::stopReading(Stream stream) { closeIfOpen(pipes_[stream]); }
+
+}  // namespace keocam::cli
