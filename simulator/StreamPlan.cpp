@@ -7,10 +7,14 @@
 namespace simulator {
 namespace {
 
+// A receiver that was never tuned has room for some 90 small packets, or a dozen of 8000 bytes: a burst is far less
+// than that, and the next one comes only after its share of the frame's time, so a receiver may be late by
+// milliseconds.
 constexpr uint32_t kSmallPacketBytes = 1500;
-constexpr uint32_t kSmallPacketsPerBurst = 64;
-constexpr uint32_t kLargeBurstBytes = 64000;
-constexpr uint64_t kLongestSpreadNs = 8 * kNanosecondsPerMillisecond;
+constexpr uint32_t kSmallPacketsPerBurst = 16;
+constexpr uint32_t kLargeBurstBytes = 32000;
+constexpr uint64_t kLongestSpreadNs = 25 * kNanosecondsPerMillisecond;
+constexpr double kSpreadOfPeriod = 0.7;
 constexpr uint64_t kShortestSleepNs = 200'000;
 constexpr std::size_t kShortPacketDataBytes = 12;
 
@@ -37,9 +41,9 @@ BurstPlan planBursts(const StreamSettings& settings, uint32_t packet_count) {
     return plan;
   }
   const uint32_t bursts = (packet_count + plan.packets - 1) / plan.packets;
-  const auto half_period_ns =
-      static_cast<uint64_t>(0.5 * static_cast<double>(kNanosecondsPerSecond) / settings.frame_rate_hz);
-  plan.gap_ns = std::min(half_period_ns, kLongestSpreadNs) / std::max(1U, bursts);
+  const auto spread_ns =
+      static_cast<uint64_t>(kSpreadOfPeriod * static_cast<double>(kNanosecondsPerSecond) / settings.frame_rate_hz);
+  plan.gap_ns = std::min(spread_ns, kLongestSpreadNs) / std::max(1U, bursts);
   return plan;
 }
 
