@@ -15,8 +15,6 @@ constexpr HandledSignal kHandled[] = {
     {SIGTERM, SA_RESETHAND, false},
     // Ignored is what nohup asks for.
     {SIGHUP, SA_RESETHAND, true},
-    // Comes once for each line written, so it must not fall back to its deadly default.
-    {SIGPIPE, 0, false},
 };
 
 volatile sig_atomic_t stop_requested = 0;
@@ -43,6 +41,8 @@ StopSignal::StopSignal() {
 StopSignal::~StopSignal() {
   for (std::size_t i = 0; i < kSignals; ++i) sigaction(kHandled[i].number, &before_[i], nullptr);
 }
+
+void StopSignal::request() { stop_requested = 1; }
 
 bool StopSignal::requested() const { return stop_requested != 0; }
 

@@ -8,9 +8,8 @@
 
 namespace keocam::cli {
 
-/// While it lives, SIGINT, SIGTERM, SIGHUP, and SIGPIPE (a reader of the output went away) only set a flag. A second
-/// SIGINT, SIGTERM or SIGHUP ends the program at once, for those who cannot wait. Under nohup SIGHUP stays ignored. One
-/// at a time in a process.
+/// While it lives, SIGINT, SIGTERM and SIGHUP only set a flag. A second one ends the program at once, for those who
+/// cannot wait. Under nohup SIGHUP stays ignored. One at a time in a process.
 class StopSignal {
  public:
   StopSignal();
@@ -18,10 +17,12 @@ class StopSignal {
   StopSignal(const StopSignal&) = delete;
   StopSignal& operator=(const StopSignal&) = delete;
 
+  /// As if a signal had come.
+  void request();
   bool requested() const;
 
  private:
-  static constexpr std::size_t kSignals = 4;
+  static constexpr std::size_t kSignals = 3;
   std::array<struct sigaction, kSignals> before_{};
 };
 

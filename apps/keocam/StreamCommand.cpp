@@ -26,15 +26,16 @@ CalibrationEntry calibrationOf(const DeviceDetails& camera, const std::string& f
   return none;
 }
 
-StreamResult streamFrom(Camera& camera, const StreamOptions& options, const Console& console, const StopSignal& stop) {
+StreamResult streamFrom(Camera& camera, const StreamOptions& options, const Console& console, StopSignal& stop) {
   ProgressLine progress(std::cerr, [] { return terminalOn(STDERR_FILENO); });
-  const bool quiet = console.verbosity() == Verbosity::Quiet;
-  return runStream(camera, options.limits, options.picture_path.has_value(), stop,
-                   [&](const StreamPeriod& second, const StreamPeriod& all) {
-                     const bool trouble = second.frames_lost > 0 || second.frames == 0;
-                     if (!quiet)
-                       progress.show(progressText(second, all), trouble ? ProgressMood::Trouble : ProgressMood::Normal);
-                   });
+  const auto report = [&](const StreamPeriod& second, const StreamPeriod& all) {
+    if (console.verbosity() == Verbosity::Quiet) return;
+    const bool trouble = second.frames_lost > 0 || second.frames == 0;
+    progress.show(progressText(second, all), trouble ? ProgressMood::Trouble : ProgressMood::Normal);
+    // Whoever read the messages has gone, as after "2>&1 | head": nobody is left to stream for.
+    if (!std::cerr) stop.request();
+  };
+  return runStream(camera, options.limits, options.picture_path.has_value(), stop, report);
 }
 
 // A picture that was asked for and cannot be made is a failure, with the reason.
@@ -64,7 +65,7 @@ ExitStatus runStreamCommand(const StreamOptions& options, const Console& console
   std::optional<PendingFile> picture;
   if (options.picture_path) picture.emplace(*options.picture_path);
 
-  const StopSignal stop;
+  StopSignal stop;
   const CameraSearch search;
   const std::size_t chosen = chooseCamera(search.details(), options.serial_number, searchedInterfaces());
   const DeviceDetails& camera = search.details()[chosen];

@@ -21,8 +21,8 @@ void occupyStandardStreams() {
   }
 }
 
-// A reader of our output that goes away shows as a failed write instead of killing the program. A handler, because
-// programs that we turn into would inherit an ignored signal.
+// A reader of our output that goes away shows as a failed write instead of killing the program. A handler, because a
+// program that we turn into would inherit an ignored signal.
 void surviveBrokenPipes() {
   ::signal(SIGPIPE, [](int /*signal*/) {});
 }
