@@ -22,10 +22,10 @@ find_package_handle_standard_args(PvSdk REQUIRED_VARS ${_pvsdk_required}
 in it. Without the SDK configure with -DKEOCAM_PV=aravis.")
 
 if(PvSdk_FOUND AND NOT TARGET PvSdk::PvSdk)
-  add_library(PvSdk::headers INTERFACE IMPORTED)
+  add_library(PvSdk::headers INTERFACE IMPORTED GLOBAL)
   # As system headers: warnings in them are not ours to mend.
   target_include_directories(PvSdk::headers SYSTEM INTERFACE ${PvSdk_INCLUDE_DIR})
-  add_library(PvSdk::PvSdk INTERFACE IMPORTED)
+  add_library(PvSdk::PvSdk INTERFACE IMPORTED GLOBAL)
   target_link_libraries(PvSdk::PvSdk INTERFACE PvSdk::headers ${PvSdk_LIBRARIES})
 endif()
 mark_as_advanced(${_pvsdk_required})
