@@ -15,7 +15,7 @@ double median(std::vector<double> values) {
 
 }  // namespace
 
-RatioReporter::RatioReporter(std::vector<Ratio> ratios) : ratios_(std::move(ratios)) {}
+RatioReporter::RatioReporter(std::vector<Ratio> ratios) : ConsoleReporter(OO_Tabular), ratios_(std::move(ratios)) {}
 
 void RatioReporter::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {
