@@ -28,6 +28,7 @@ constexpr int kRandomSpots = 7;
 
 /// The moving object: a warm body with a hot core that wanders on a closed curve.
 constexpr double kBodyRadius = 0.075;
+constexpr double kBodyStretch = 1.35;  // upright
 constexpr double kBodyCounts = 3000;
 constexpr double kCoreRadius = 0.022;
 constexpr double kCoreCounts = 2400;
@@ -151,11 +152,12 @@ void Scene::addMovingObject(ImageSize window, uint64_t frame_index, std::vector<
   const double angle = 2.0 * kPi * std::fmod(static_cast<double>(frame_index), kFramesPerRound) / kFramesPerRound;
   const double centre_x = (0.5 * settings_.sensor.width / scale + 0.42 * std::sin(angle)) * scale;
   const double centre_y = (0.60 + 0.20 * std::sin(2.0 * angle)) * scale;
-  const double reach = 4.0 * kBodyRadius * scale;
+  const double reach_x = 4.0 * kBodyRadius * scale;
+  const double reach_y = reach_x * kBodyStretch;
   const auto first = [](double at) { return static_cast<uint32_t>(std::max(0.0, std::floor(at))); };
   const auto last = [](double at, uint32_t limit) { return std::min(limit, static_cast<uint32_t>(std::max(0.0, at))); };
-  const uint32_t left = first(centre_x - reach);
-  const uint32_t right = last(centre_x + reach, window.width);
+  const uint32_t left = first(centre_x - reach_x);
+  const uint32_t right = last(centre_x + reach_x, window.width);
   // A Gaussian in two dimensions is a product of two in one, so each row and column needs one exponential.
   const auto profile = [&](double distance, double radius) { return gaussian(distance / scale, 0.0, radius); };
   std::vector<std::array<float, 2>> columns;
@@ -163,8 +165,8 @@ void Scene::addMovingObject(ImageSize window, uint64_t frame_index, std::vector<
     columns.push_back({static_cast<float>(profile(x - centre_x, kBodyRadius)),
                        static_cast<float>(profile(x - centre_x, kCoreRadius))});
   }
-  for (uint32_t y = first(centre_y - reach); y < last(centre_y + reach, window.height); ++y) {
-    const auto body = static_cast<float>(kBodyCounts * profile(y - centre_y, kBodyRadius * 1.35));
+  for (uint32_t y = first(centre_y - reach_y); y < last(centre_y + reach_y, window.height); ++y) {
+    const auto body = static_cast<float>(kBodyCounts * profile(y - centre_y, kBodyRadius * kBodyStretch));
     const auto core = static_cast<float>(kCoreCounts * profile(y - centre_y, kCoreRadius));
     uint16_t* row = picture.data() + std::size_t{y} * window.width;
     for (uint32_t x = left; x < right; ++x) {
