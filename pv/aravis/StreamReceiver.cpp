@@ -142,6 +142,7 @@ PvResult StreamReceiver::start(const std::vector<ArvBuffer*>& buffers, uint64_t 
     const std::lock_guard<std::mutex> lock(mutex_);
     if (stream_ == nullptr || closing_) return failure(PvResult::Code::NotConnected, "The stream is closed.");
     payload_bytes_ = payload_bytes;
+    underruns_at_start_ = arv_stream_get_info_uint64_by_name(stream_, "n_underruns");
     started_ = true;
   }
   applySocketBuffer(stream_, payload_bytes);
@@ -153,8 +154,9 @@ void StreamReceiver::stop() {
   const std::lock_guard<std::mutex> control(control_);
   {
     const std::lock_guard<std::mutex> lock(mutex_);
-    started_ = false;
     if (stream_ == nullptr) return;
+    earlier_frames_without_buffer_ = framesWithoutBuffer(stream_);
+    started_ = false;
   }
   restartThread(stream_, {});
 }

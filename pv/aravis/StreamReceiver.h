@@ -59,6 +59,7 @@ class StreamReceiver {
  private:
   PvResult open(ArvDevice* device);
   StreamStatistics readStatistics(ArvStream* stream) const;
+  uint64_t framesWithoutBuffer(ArvStream* stream) const;
   void restartThread(ArvStream* stream, const std::vector<ArvBuffer*>& buffers);
 
   std::mutex control_;  // Held by create, close, start and stop, which Aravis wants from one thread at a time.
@@ -74,6 +75,8 @@ class StreamReceiver {
   uint16_t port_ = 0;
   uint32_t packet_size_ = 0;
   uint64_t payload_bytes_ = 0;
+  uint64_t underruns_at_start_ = 0;
+  uint64_t earlier_frames_without_buffer_ = 0;  // Of the runs that have been stopped.
   StreamStatistics closed_statistics_;
 
   std::atomic<uint64_t> wrong_size_{0};
