@@ -184,8 +184,8 @@ void GvcpServer::remember(const uint8_t* datagram, std::size_t size, const Peer&
 }
 
 GvcpAnswer GvcpServer::answer(const GvcpRequest& request, const Reply& reply) {
-  if (reply.status != Status::Success) statistics_.add(Counter::Nack);
   if (!request.ack_required) return {{}, request.id, false};
+  if (reply.status != Status::Success) statistics_.add(Counter::Nack);
   return {buildAck(request, reply.status, reply.payload), request.id, false};
 }
 

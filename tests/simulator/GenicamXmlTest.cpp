@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <regex>
-#include <set>
+#include <string>
+#include <vector>
 
 #include "DeviceBench.h"
 
@@ -13,26 +13,40 @@ namespace {
 
 using namespace simulator;
 
-/// An element `kind` of the description: its name and all that stands inside.
+/// The texts between each `<tag>` and the next `<`.
+std::vector<std::string> leaves(const std::string& text, const std::string& tag) {
+  std::vector<std::string> found;
+  const std::string open = "<" + tag + ">";
+  for (std::size_t at = text.find(open); at != std::string::npos; at = text.find(open, at + 1)) {
+    const std::size_t start = at + open.size();
+    found.push_back(text.substr(start, text.find('<', start) - start));
+  }
+  return found;
+}
+
+/// An element `kind` of the description, and all that stands inside.
 struct Node {
   std::string kind;
   std::string body;
   std::string leaf(const std::string& tag) const {
-    std::smatch found;
-    return std::regex_search(body, found, std::regex("<" + tag + ">([^<]*)</" + tag + ">")) ? found[1].str() : "";
+    const std::vector<std::string> found = leaves(body, tag);
+    return found.empty() ? "" : found.front();
   }
   uint32_t number(const std::string& tag) const { return static_cast<uint32_t>(std::stoul(leaf(tag), nullptr, 0)); }
 };
 
-/// The nodes by name, read from the text alone.
+/// The outermost named elements by name, read from the text alone.
 std::map<std::string, Node> nodesOf(const std::string& xml) {
   std::map<std::string, Node> nodes;
-  const std::regex open("\n<(\\w+) Name=\"(\\w+)\">");
-  for (std::sregex_iterator it(xml.begin(), xml.end(), open), end; it != end; ++it) {
-    const std::string kind = (*it)[1];
-    const auto start = static_cast<std::size_t>(it->position() + it->length());
-    const std::size_t stop = xml.find("</" + kind + ">", start);
-    nodes[(*it)[2]] = {kind, xml.substr(start, stop - start)};
+  const std::string named = " Name=\"";
+  for (std::size_t at = xml.find("\n<"); at != std::string::npos; at = xml.find("\n<", at + 1)) {
+    const std::string line = xml.substr(at + 2, xml.find('\n', at + 1) - at - 2);
+    const std::size_t name = line.find(named);
+    if (name == std::string::npos || name != line.find(' ')) continue;
+    const std::string kind = line.substr(0, name);
+    const std::size_t first = name + named.size();
+    const std::size_t stop = xml.find("\n</" + kind + ">", at);
+    nodes[line.substr(first, line.find('"', first) - first)] = {kind, xml.substr(at, stop - at)};
   }
   return nodes;
 }
@@ -48,10 +62,11 @@ class Description : public ::testing::Test {
 TEST_F(Description, UrlRegister_LeadsToTheTextThatTheDeviceServes) {
   const gvcp::Bytes url_bytes = bench.readBlock(0x200, 512);
   const std::string url(reinterpret_cast<const char*>(url_bytes.data()));
-  std::smatch parts;
-  ASSERT_TRUE(std::regex_match(url, parts, std::regex("Local:KEOsim-640\\.xml;([0-9a-f]+);([0-9a-f]+)"))) << url;
-  const auto at = static_cast<uint32_t>(std::stoul(parts[1], nullptr, 16));
-  const std::size_t size = std::stoul(parts[2], nullptr, 16);
+  const std::string prefix = "Local:KEOsim-640.xml;";
+  ASSERT_EQ(url.substr(0, prefix.size()), prefix);
+  const std::size_t separator = url.find(';', prefix.size());
+  const auto at = static_cast<uint32_t>(std::stoul(url.substr(prefix.size()), nullptr, 16));
+  const std::size_t size = std::stoul(url.substr(separator + 1), nullptr, 16);
   std::string served;
   while (served.size() < size) {
     const std::size_t count = std::min<std::size_t>(512, (size - served.size() + 3) / 4 * 4);
@@ -69,13 +84,14 @@ TEST_F(Description, Schema_IsOneDotOne) {
 }
 
 TEST_F(Description, References_LeadToNodes) {
-  const std::regex reference("<(pFeature|pValue|pMax|pSelected|pIsLocked|pPort)>(\\w+)<");
-  int seen = 0;
-  for (std::sregex_iterator it(text.begin(), text.end(), reference), end; it != end; ++it) {
-    ++seen;
-    EXPECT_TRUE(nodes.count((*it)[2])) << (*it)[2];
+  std::size_t seen = 0;
+  for (const char* tag : {"pFeature", "pValue", "pMax", "pSelected", "pIsLocked", "pPort"}) {
+    for (const std::string& name : leaves(text, tag)) {
+      EXPECT_TRUE(nodes.count(name)) << tag << " " << name;
+      ++seen;
+    }
   }
-  EXPECT_GT(seen, 150);
+  EXPECT_GT(seen, 150U);
 }
 
 TEST_F(Description, Features_AreAllThere) {
@@ -180,16 +196,14 @@ TEST_F(Description, Integers_TakeTheirBoundsAndNothingBeyond) {
 }
 
 TEST_F(Description, Enumerations_TakeTheirEntriesAndNothingElse) {
-  const std::regex entry("<Value>(\\d+)</Value>");
   int seen = 0;
   for (const auto& [name, node] : nodes) {
     if (node.kind != "Enumeration") continue;
     const Node& reg = nodes.at(node.leaf("pValue"));
     if (reg.leaf("AccessMode") != "RW" || name == "GevCCP") continue;
-    const std::string& own = node.body;
     uint32_t largest = 0;
-    for (std::sregex_iterator it(own.begin(), own.end(), entry), last; it != last; ++it) {
-      const auto value = static_cast<uint32_t>(std::stoul((*it)[1]));
+    for (const std::string& entry : leaves(node.body, "Value")) {
+      const auto value = static_cast<uint32_t>(std::stoul(entry));
       largest = std::max(largest, value);
       EXPECT_EQ(bench.write(reg.number("Address"), value), 0) << name << " " << value;
       EXPECT_EQ(bench.read(reg.number("Address")), value) << name;
