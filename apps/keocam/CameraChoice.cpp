@@ -15,6 +15,7 @@ std::string listOf(const std::vector<DeviceDetails>& cameras) {
 
 std::vector<std::string> serialNumbersOf(const std::vector<DeviceDetails>& cameras) {
   std::vector<std::string> serial_numbers;
+  serial_numbers.reserve(cameras.size());
   for (const DeviceDetails& camera : cameras) serial_numbers.push_back(camera.serial_number);
   return serial_numbers;
 }

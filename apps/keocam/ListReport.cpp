@@ -32,6 +32,7 @@ nlohmann::ordered_json inUseByOtherHost(DeviceUse use) {
 
 std::string listTable(const std::vector<ListedCamera>& cameras, std::size_t width) {
   std::vector<TableRow> rows;
+  rows.reserve(cameras.size());
   for (const auto& [details, use] : cameras) {
     rows.push_back({printable(details.serial_number), printable(details.model), printable(details.address),
                     printable(details.interface_name), wordFor(use)});

@@ -2,14 +2,12 @@
 #include "apps/keocam/PendingFile.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "TemporaryFolder.h"
 #include "apps/keocam/CommandFailure.h"
 
 namespace keocam::cli {
@@ -19,20 +17,16 @@ namespace fs = std::filesystem;
 
 class PendingFileTest : public testing::Test {
  protected:
-  PendingFileTest() {
-    std::string pattern = (fs::temp_directory_path() / "keocam-test.XXXXXX").string();
-    folder_ = ::mkdtemp(pattern.data());
+  std::string path(const char* name) const { return folder_.file(name); }
+  std::ptrdiff_t files() const {
+    return std::distance(fs::directory_iterator(folder_.path()), fs::directory_iterator());
   }
-  ~PendingFileTest() override { fs::remove_all(folder_); }
-
-  std::string path(const char* name) const { return (folder_ / name).string(); }
-  std::ptrdiff_t files() const { return std::distance(fs::directory_iterator(folder_), fs::directory_iterator()); }
   static std::string contentsOf(const std::string& file) {
     std::ifstream stream(file, std::ios::binary);
     return {std::istreambuf_iterator<char>(stream), {}};
   }
 
-  fs::path folder_;
+  TemporaryFolder folder_;
 };
 
 std::string reasonFor(const std::string& path) {
@@ -77,7 +71,7 @@ TEST_F(PendingFileTest, Link_StaysAndItsTargetIsReplaced) {
 
 TEST_F(PendingFileTest, UnusablePaths_AreRefusedAtOnceByName) {
   EXPECT_NE(reasonFor(path("missing/a.png")).find("missing/a.png"), std::string::npos);
-  EXPECT_NE(reasonFor(folder_.string()).find("folder"), std::string::npos);
+  EXPECT_NE(reasonFor(folder_.path().string()).find("folder"), std::string::npos);
   EXPECT_NE(reasonFor("/dev/null").find("not a regular file"), std::string::npos);
   EXPECT_NE(reasonFor("").find("empty"), std::string::npos);
   std::ofstream(path("file")) << "x";
