@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <map>
 #include <stdexcept>
 
 #include "simulator/UdpSocket.h"
@@ -38,7 +39,7 @@ void addFaultOptions(CLI::App& app, KnobValues& values) {
     const FaultKnob& knob = faultKnobs()[i];
     app.add_option("--" + std::string(knob.name), values[i], std::string(knob.help))
         ->expected(knob.second == nullptr ? 1 : 2)
-        ->type_name(std::string(knob.arguments))
+        ->option_text(std::string(knob.arguments))
         ->group("Faults");
   }
 }
@@ -85,32 +86,29 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
   KnobValues knobs;
   std::string size = "640x512";
   std::string pacing = "on";
-  app.add_option("--cameras", count, "How many")->check(CLI::Range(1U, kMostCameras))->capture_default_str();
-  auto* address = app.add_option("--address", camera.address, "First camera's address; the next count upwards")
-                      ->check(CLI::ValidIPV4)
-                      ->type_name("A.B.C.D")
-                      ->capture_default_str();
-  app.add_option("--interface", interface, "Take the interface's address for the first camera")
-      ->type_name("NAME")
+  app.add_option("--cameras", count, "How many, 1 to 64 [1]")->check(CLI::Range(1U, kMostCameras))->option_text("N");
+  auto* address =
+      app.add_option("--address", camera.address, "First camera's address; the next count upwards [127.0.0.2]")
+          ->check(CLI::ValidIPV4)
+          ->option_text("A.B.C.D");
+  app.add_option("--interface", interface, "Take this interface's address for the first camera")
+      ->option_text("NAME")
       ->excludes(address);
-  app.add_option("--serial", camera.serial, "First camera's serial number; the next count upwards")
-      ->capture_default_str();
-  app.add_option("--size", size, "Sensor: 640x512, 336x256, 320x256 or 160x128")
+  app.add_option("--serial", camera.serial, "First camera's serial number; the next count upwards [KEOD2001]")
+      ->option_text("TEXT");
+  app.add_option("--size", size, "Sensor: 640x512, 336x256, 320x256 or 160x128 [640x512]")
       ->check(CLI::IsMember(kSizes))
-      ->type_name("WxH")
-      ->capture_default_str();
-  app.add_option("--fps", camera.frame_rate_hz, "Frames per second at the start")
+      ->option_text("WxH");
+  app.add_option("--fps", camera.frame_rate_hz, "Frames per second at the start, 1 to 1000 [30]")
       ->check(CLI::Range(1.0, 1000.0))
-      ->type_name("HZ")
-      ->capture_default_str();
-  app.add_option("--seed", camera.seed, "Seed of the noise and of the faults")->type_name("N")->capture_default_str();
-  app.add_option("--uart-pacing", pacing, "Serial bytes take the time of their baud rate: on or off")
+      ->option_text("HZ");
+  app.add_option("--seed", camera.seed, "Of the noise and of the faults [1]")->option_text("N");
+  app.add_option("--uart-pacing", pacing, "Serial bytes take the time of their baud rate [on]")
       ->check(CLI::IsMember(kSwitch))
-      ->type_name("on|off")
-      ->capture_default_str();
+      ->option_text("on|off");
   app.add_option("--duration", program.duration_s, "End after this many seconds")
       ->check(CLI::Range(0.0, 1e9))
-      ->type_name("S");
+      ->option_text("S");
   app.add_flag("-q,--quiet", program.quiet, "Say nothing on standard error but errors");
   addFaultOptions(app, knobs);
   app.add_flag("--ignore-heartbeat", camera.faults.ignore_heartbeat, "Control runs out although the host is alive")

@@ -34,7 +34,7 @@ constexpr double kCoreRadius = 0.022;
 constexpr double kCoreCounts = 2400;
 constexpr double kFramesPerRound = 360;
 
-uint16_t clamped(int value) { return static_cast<uint16_t>(std::clamp(value, 0, kLargestValue)); }
+uint16_t clamped(int value) { return static_cast<uint16_t>(std::min(std::max(value, 0), kLargestValue)); }
 
 double gaussian(double dx, double dy, double radius) {
   return std::exp(-0.5 * (dx * dx + dy * dy) / (radius * radius));
