@@ -43,6 +43,7 @@ ChildProcess::ChildProcess(const std::vector<std::string>& arguments) {
   // Everything that allocates comes before the fork.
   std::vector<std::string> texts = arguments;
   std::vector<char*> pointers;
+  pointers.reserve(texts.size() + 1);
   for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   const Pipe input;

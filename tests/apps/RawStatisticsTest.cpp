@@ -70,7 +70,8 @@ TEST(RawStatistics, ExtremesAnywhere_AreFound) {
 }
 
 TEST(RawStatistics, LargestValuesInALargeFrame_DoNotOverflow) {
-  const std::size_t pixels = 32 * 65536 + 5;  // more than one block of 32-bit sums
+  // So many that 32-bit sums of every 32nd pixel would overflow.
+  const std::size_t pixels = std::size_t{32} * 65600 + 5;
   const std::vector<uint8_t> white(pixels * 2, 0xff);
   const RawStatistics result = statisticsOfWords(white.data(), pixels);
   EXPECT_EQ(result.sum_counts, pixels * 65535U);
