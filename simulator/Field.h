@@ -57,9 +57,9 @@ struct Field {
   std::string_view category{};  ///< of the feature
   std::string_view help{};      ///< of the feature: a full sentence
   std::string_view unit{};
-  Visibility visibility = Visibility::Beginner;
   uint64_t initial = 0;
   std::string_view initial_text{};
+  Visibility visibility = Visibility::Beginner;
   uint32_t minimum = 0;
   uint32_t maximum = UINT32_MAX;
   uint32_t increment = 1;

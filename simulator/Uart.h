@@ -19,7 +19,7 @@ uint64_t characterTimeNs(const UartLine& line);
 class Uart {
  public:
   /// Bytes that can wait for the host, or be under way to the peer; more are lost or refused.
-  static constexpr std::size_t kQueueBytes = 64 * 1024;
+  static constexpr std::size_t kQueueBytes = std::size_t{64} * 1024;
 
   /// Without `pacing` bytes take no time. `peer` may be null.
   Uart(std::shared_ptr<UartPeer> peer, bool pacing, StatisticsBoard& statistics);

@@ -52,7 +52,7 @@ InterfaceAddress findInterface(const std::function<bool(const InterfaceAddress&)
   const std::unique_ptr<ifaddrs, decltype(&freeifaddrs)> owner(list, &freeifaddrs);
   for (const ifaddrs* entry = list; entry != nullptr; entry = entry->ifa_next) {
     if (entry->ifa_addr == nullptr || entry->ifa_netmask == nullptr || entry->ifa_addr->sa_family != AF_INET) continue;
-    const InterfaceAddress candidate{entry->ifa_name, ipOf(entry->ifa_addr), ipOf(entry->ifa_netmask)};
+    InterfaceAddress candidate{entry->ifa_name, ipOf(entry->ifa_addr), ipOf(entry->ifa_netmask)};
     if (matches(candidate)) return candidate;
   }
   throw std::runtime_error(failure);
