@@ -29,7 +29,7 @@ std::string DeviceLink::name() const { return displayName(details_); }
 
 std::shared_ptr<DeviceLink> DeviceLink::connect(const DeviceDetails& device, std::chrono::milliseconds limit,
                                                 PvResult& result) {
-  const auto link = std::make_shared<DeviceLink>(device);
+  auto link = std::make_shared<DeviceLink>(device);
   const PvResult late = failure(Code::Timeout, link->name() + " did not answer in time while it was being opened.");
   try {
     link->threads_ = 1;
@@ -100,16 +100,17 @@ void DeviceLink::post(const Work& work) {
   jobs_.post([self, work] { return work(self->device_.get()); });
 }
 
-void DeviceLink::end(const PvResult& reason) {
+// False if the link had ended before.
+bool DeviceLink::end(const PvResult& reason) {
   connected_ = false;
   jobs_.close(reason);
   const std::lock_guard<std::mutex> lock(mutex_);
-  ended_ = true;
   changed_.notify_all();
+  return !std::exchange(ended_, true);
 }
 
 void DeviceLink::disconnect() {
-  end(failure(Code::NotConnected, name() + " was disconnected."));
+  if (!end(failure(Code::NotConnected, name() + " was disconnected."))) return;
   std::unique_lock<std::mutex> lock(mutex_);
   changed_.wait_for(lock, kCloseLimit_ms, [this] { return threads_ == 0; });
 }

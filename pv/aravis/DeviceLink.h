@@ -51,7 +51,8 @@ class DeviceLink : public std::enable_shared_from_this<DeviceLink> {
   PvResult run(const Work& work, std::chrono::milliseconds limit = kCallLimit_ms);
   /// Runs `work` on the working thread some time later, or never if the link ends before.
   void post(const Work& work);
-  /// Gives the device back. Waits a short while for that; a dead device is left to the background.
+  /// Gives the device back and waits until that is done, 2.5 s at most. A device that was lost is given back by itself
+  /// already, so this returns at once.
   void disconnect();
   /// The device is gone; `reason` completes "Lost KEOsim-640 KEOD2001 (127.0.0.2): ...".
   void lose(const std::string& reason);
@@ -67,7 +68,7 @@ class DeviceLink : public std::enable_shared_from_this<DeviceLink> {
   PvResult openDevice();
   void work();
   void giveBack();
-  void end(const PvResult& reason);
+  bool end(const PvResult& reason);
   PvResult confirmControl();
   void confirmControlSoon();
   static void onControlLost(ArvDevice* device, gpointer link);

@@ -101,7 +101,7 @@ PacketSizeRange rangeOf(ArvDevice* device, uint32_t mtu_bytes) {
 
 // The size that stays when no test tells which one works.
 PvResult settle(ArvDevice* device, uint32_t others, uint32_t size_bytes, const std::string& why) {
-  const PvResult written = writeRegister(device, reg::kStreamPacketSize, others | size_bytes);
+  PvResult written = writeRegister(device, reg::kStreamPacketSize, others | size_bytes);
   if (!written.IsOK()) return written;
   return failure(Code::GenericError, why + " The packet size is " + std::to_string(size_bytes) + " bytes.");
 }

@@ -39,7 +39,7 @@ PvResult negotiate(ArvDevice* device, keocam::DeviceLink& link, uint32_t fallbac
   }
   PvResult result = keocam::negotiatePacketSize(device, link.details(), fallback_bytes);
   if (receiver && receiver->isOpen() && receiver->packetSize() != keocam::packetSizeSetOn(device)) {
-    const PvResult created = receiver->create(device);
+    PvResult created = receiver->create(device);
     if (!created.IsOK()) return created;
   }
   return result;

@@ -77,7 +77,7 @@ PvResult PvPipeline::SetBufferSize(unsigned int size) {
 PvResult PvPipeline::Start() {
   if (!state_->receiver) return keocam::failure(Code::InvalidParameter, "The pipeline has no stream.");
   const auto payload_bytes = std::make_shared<uint64_t>(0);
-  const PvResult asked = state_->link->run([payload_bytes](ArvDevice* device) {
+  PvResult asked = state_->link->run([payload_bytes](ArvDevice* device) {
     keocam::GErrorPtr error;
     const gint64 size = arv_device_get_integer_feature_value(device, "PayloadSize", error.out());
     if (!error && size > 0) *payload_bytes = static_cast<uint64_t>(size);

@@ -98,7 +98,7 @@ PvResult SerialBlockAccess::perform(ArvDevice* device, const Operation& operatio
   int reads = 0;
   do {
     if (reads > 0) std::this_thread::sleep_for(kCompletionPause_ms);
-    const PvResult read = readBlock(device, address_, block, fetched);
+    PvResult read = readBlock(device, address_, block, fetched);
     if (!read.IsOK()) return read;
   } while (wordAt(block, kExecuteAt) != 0 && ++reads < kCompletionReads);
   if (wordAt(block, kExecuteAt) != 0) return failure(Code::Timeout, "The serial port did not complete an operation.");
