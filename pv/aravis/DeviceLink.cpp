@@ -8,6 +8,7 @@
 #include "pv/aravis/DisplayName.h"
 #include "pv/aravis/Error.h"
 #include "pv/aravis/GvcpClient.h"
+#include "pv/aravis/NetworkInterfaces.h"
 #include "pv/aravis/StreamOptions.h"
 #include "pv/aravis/StreamReceiver.h"
 
@@ -21,6 +22,13 @@ using Code = PvResult::Code;
 constexpr std::chrono::milliseconds kCloseLimit_ms(2500);
 constexpr guint32 kTakeControl = 2;
 
+// Found on one interface, such a device is then sent to through whichever of them the kernel prefers.
+std::string routingHint(const DeviceDetails& device) {
+  const auto address = parseIpv4(device.address);
+  if (!address || interfacesInSubnet(listInterfaces(), *address).size() < 2) return {};
+  return " Several interfaces of this host share its subnet; give each a subnet of its own.";
+}
+
 }  // namespace
 
 DeviceLink::DeviceLink(DeviceDetails device) : details_(std::move(device)) {}
@@ -30,7 +38,8 @@ std::string DeviceLink::name() const { return displayName(details_); }
 std::shared_ptr<DeviceLink> DeviceLink::connect(const DeviceDetails& device, std::chrono::milliseconds limit,
                                                 PvResult& result) {
   auto link = std::make_shared<DeviceLink>(device);
-  const PvResult late = failure(Code::Timeout, link->name() + " did not answer in time while it was being opened.");
+  const PvResult late =
+      failure(Code::Timeout, link->name() + " did not answer in time while it was being opened." + routingHint(device));
   try {
     link->threads_ = 1;
     std::thread([link] { link->work(); }).detach();
