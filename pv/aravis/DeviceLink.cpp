@@ -46,9 +46,11 @@ std::shared_ptr<DeviceLink> DeviceLink::connect(const DeviceDetails& device, std
     result = link->jobs_.run([link] { return link->openDevice(); }, limit, late);
     if (result.IsOK()) {
       link->connected_ = true;
+      const auto watcher = std::make_shared<DeviceWatcher>(link);
+      watcher->begin();
       const std::lock_guard<std::mutex> lock(link->mutex_);
-      link->threads_ = 2;
-      std::thread([link] { DeviceWatcher(link).watch(); }).detach();
+      ++link->threads_;
+      std::thread([watcher] { watcher->watch(); }).detach();
     }
   } catch (const std::system_error& error) {
     result = failure(Code::GenericError, std::string("No thread could be started for the device: ") + error.what());

@@ -17,12 +17,16 @@ constexpr int kAnswersPerConfirmation = 4;
 
 DeviceWatcher::DeviceWatcher(std::shared_ptr<DeviceLink> link) : link_(std::move(link)) {}
 
-void DeviceWatcher::watch() {
+void DeviceWatcher::begin() {
   // If the socket cannot be had, Aravis' own signal, some five seconds later, remains.
-  const bool asking = client_.open(interfaceOf(link_->details()), link_->details().address);
+  asking_ = client_.open(interfaceOf(link_->details()), link_->details().address);
+  if (asking_) ask();
+}
+
+void DeviceWatcher::watch() {
   while (pause()) {
     if (link_->aravis_lost_control_) link_->lose("it no longer keeps this host's control.");
-    if (asking) ask();
+    if (asking_) ask();
   }
   const std::lock_guard<std::mutex> lock(link_->mutex_);
   --link_->threads_;

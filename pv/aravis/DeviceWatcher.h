@@ -15,6 +15,8 @@ class DeviceWatcher {
  public:
   explicit DeviceWatcher(std::shared_ptr<DeviceLink> link);
 
+  /// Asks for the first time, so that silence from the very start on is noticed. Waits a quarter of a second at most.
+  void begin();
   /// Watches until the link has ended, and ends it if the device is lost. For a thread of its own.
   void watch();
 
@@ -24,6 +26,7 @@ class DeviceWatcher {
 
   std::shared_ptr<DeviceLink> link_;
   GvcpClient client_;
+  bool asking_ = false;
   bool heard_ = false;  // It answered once: its silence means something.
   std::chrono::milliseconds silence_ms_{0};
   int answers_ = 0;
