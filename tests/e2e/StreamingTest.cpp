@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <string>
 #include <thread>
 #include <vector>
 
@@ -63,28 +62,5 @@ TEST(Streaming, FourCameras_ThirtyFramesPerSecondEach_ThousandFramesCompleteFrom
     expectNothingLost(e2e::cameraOf(center, simulated[i]->options().serial));
   }
 }
-
-struct SizeCase {
-  simulator::ImageSize sensor;
-  const char* name;
-};
-
-class StreamingSizes : public testing::TestWithParam<SizeCase> {};
-
-TEST_P(StreamingSizes, EverySensor_FramesAreComplete) {
-  simulator::CameraOptions options = e2e::cameraOptions(0, 60.0);
-  options.sensor = GetParam().sensor;
-  const SimulatedCamera simulated(options);
-  CameraCenter center("");
-  Camera& camera = e2e::cameraOf(center, options.serial);
-  const e2e::Acquisition acquisition(camera);
-  e2e::FrameCheck check(simulated.sceneSettings());
-  EXPECT_TRUE(e2e::receiveAndCheck(camera, check, 30));
-}
-
-INSTANTIATE_TEST_SUITE_P(Sensors, StreamingSizes,
-                         testing::Values(SizeCase{{640, 512}, "640x512"}, SizeCase{{336, 256}, "336x256"},
-                                         SizeCase{{320, 256}, "320x256"}, SizeCase{{160, 128}, "160x128"}),
-                         [](const auto& sensor) { return std::string(sensor.param.name); });
 
 }  // namespace
