@@ -1,5 +1,6 @@
 #include "pv/aravis/DeviceLink.h"
 
+#include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -21,12 +22,22 @@ using Code = PvResult::Code;
 // Long enough for a device that answers, short enough for a caller.
 constexpr std::chrono::milliseconds kCloseLimit_ms(2500);
 constexpr guint32 kTakeControl = 2;
+// Less than what a caller waits: a device must not be opened for one who has gone.
+constexpr std::chrono::milliseconds kTurnLimit_ms(1500);
 
 // Found on one interface, such a device is then sent to through whichever of them the kernel prefers.
 std::string routingHint(const DeviceDetails& device) {
   const auto address = parseIpv4(device.address);
   if (!address || interfacesInSubnet(listInterfaces(), *address).size() < 2) return {};
   return " Several interfaces of this host share its subnet; give each a subnet of its own.";
+}
+
+// Aravis reads a device's description with tables that the whole process shares and nothing guards: of two devices
+// opened at the same time, each may get half a description, or the process its end. So they are opened one by one. The
+// mutex is never destroyed, since a thread of a device that died may outlive main().
+std::timed_mutex& openingMutex() {
+  static auto* const mutex = new std::timed_mutex;
+  return *mutex;
 }
 
 }  // namespace
@@ -65,7 +76,12 @@ PvResult DeviceLink::openDevice() {
   const GObjectPtr<GInetAddress> address(g_inet_address_new_from_string(details_.address.c_str()));
   if (!interface || !address) return failure(Code::InvalidParameter, name() + " has no usable address.");
   GErrorPtr error;
-  GObjectPtr<ArvDevice> device(arv_gv_device_new(interface.get(), address.get(), error.out()));
+  GObjectPtr<ArvDevice> device;
+  {
+    const std::unique_lock<std::timed_mutex> turn(openingMutex(), kTurnLimit_ms);
+    if (!turn) return failure(Code::Timeout, name() + " was not opened: another device, being opened, is silent.");
+    device.reset(arv_gv_device_new(interface.get(), address.get(), error.out()));
+  }
   if (error) return resultOf(error, "Opening " + name());
   if (!device) return failure(Code::GenericError, "Opening " + name() + " failed without an explanation.");
   // Aravis opens a device without control over it all the same; every write would then fail.
