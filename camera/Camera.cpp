@@ -8,6 +8,7 @@
 
 #include "PvDeviceGEV.h"
 #include "PvStreamGEV.h"
+#include "camera/Log.h"
 #include "camera/SystemClock.h"
 
 namespace {
@@ -24,16 +25,15 @@ bool isSlowClass(const std::string& serialNumber) {
 }
 
 // One log line: `before`, the camera's display identifier, `after`. An absent identifier puts the stream into its
-// failed state, as applications that watch standard output expect.
+// failed state, in which nothing more is printed: applications that watch standard output rely on it.
 void printWithDisplayID(const char* before, const PvDeviceInfo* deviceInfo, const char* after) {
-  std::cout << before;
   const PvString displayID = deviceInfo->GetDisplayID();
-  if (displayID.GetAscii() != nullptr) {
-    std::cout << displayID.GetAscii();
-  } else {
+  if (displayID.GetAscii() == nullptr) {
+    std::cout << before;
     std::cout.setstate(std::ios::failbit);
+    return;
   }
-  std::cout << after << std::endl;
+  keocam::printLine(std::string(before) + displayID.GetAscii() + after);
 }
 
 }  // namespace
@@ -81,6 +81,7 @@ int Camera::Connect() {
 
   ConfigureStream();
   pipeline = CreatePipeline(device, stream);
+  pipelineDeleted_ = false;
   if (!IsConnected()) return -1;
   return stream->IsOpen() ? 0 : -1;
 }
@@ -104,21 +105,27 @@ PvPipeline* Camera::CreatePipeline(PvDevice* pipelineDevice, PvStream* pipelineS
 void Camera::Disconnect() {
   if (IsAcquiring()) StopAcquisition();
   sleep(1);
-  // The pointer is kept on purpose, so a second call without a Connect() between would delete twice.
-  delete pipeline;
+  if (PipelineExists()) delete pipeline;
+  pipelineDeleted_ = true;  // The pointer itself keeps its value on purpose.
+  buffer = nullptr;
   if (stream != nullptr && stream->IsOpen()) {
-    std::cout << "Camera: Closing stream" << std::endl;
+    keocam::printLine("Camera: Closing stream");
     stream->Close();
     PvStream::Free(stream);
     stream = nullptr;
   }
   if (device != nullptr && device->IsConnected()) {
-    std::cout << "Camera: Disconnecting device" << std::endl;
+    keocam::printLine("Camera: Disconnecting device");
     device->Disconnect();
     PvDevice::Free(device);
     device = nullptr;
+    parameters = nullptr;
+    acquisitionStartCommand = nullptr;
+    acquisitionStopCommand = nullptr;
   }
 }
+
+bool Camera::PipelineExists() const { return pipeline != nullptr && !pipelineDeleted_; }
 
 bool Camera::IsConnected() { return device != nullptr && device->IsConnected(); }
 

@@ -91,4 +91,9 @@ class Camera {
   bool acquiring = false;       ///< between StartAcquisition() and StopAcquisition()
   int64_t lastFrameTime = 0;    ///< ms of the system clock; the slow class's last hand-out
   bool limitFrameRate = false;  ///< a camera of the slow class; set by Connect()
+
+ private:
+  bool PipelineExists() const;
+
+  bool pipelineDeleted_ = false;  // What `pipeline` points to has gone.
 };

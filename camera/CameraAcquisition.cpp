@@ -1,9 +1,8 @@
 // Acquisition: starting, stopping, and handing frames out.
 #include <time.h>
 
-#include <iostream>
-
 #include "camera/Camera.h"
+#include "camera/Log.h"
 #include "camera/SystemClock.h"
 
 namespace {
@@ -21,16 +20,19 @@ void sleep_ms(int64_t milliseconds) {
 
 }  // namespace
 
-// A step whose object is missing, because Connect() failed halfway or the device lacks the feature, is left out.
+// A step whose object is missing, because the camera is not connected or the device lacks the feature, is left out.
 
 void Camera::StartAcquisition() {
-  std::cout << "Camera: Starting Acquisition" << std::endl;
+  keocam::printLine("Camera: Starting Acquisition");
   if (device != nullptr) {
     parameters = device->GetParameters();
     acquisitionStartCommand = dynamic_cast<PvGenCommand*>(parameters->Get("AcquisitionStart"));
     acquisitionStopCommand = dynamic_cast<PvGenCommand*>(parameters->Get("AcquisitionStop"));
+  } else {
+    acquisitionStartCommand = nullptr;
+    acquisitionStopCommand = nullptr;
   }
-  if (pipeline != nullptr) pipeline->Start();
+  if (PipelineExists()) pipeline->Start();
   if (device != nullptr) device->StreamEnable(kChannel);
   if (acquisitionStartCommand != nullptr) acquisitionStartCommand->Execute();
   acquiring = true;
@@ -39,15 +41,15 @@ void Camera::StartAcquisition() {
 void Camera::StopAcquisition() {
   if (!IsConnected() || !IsAcquiring()) return;
   acquiring = false;
-  std::cout << "Camera: Stopping Acquisition" << std::endl;
+  keocam::printLine("Camera: Stopping Acquisition");
   if (acquisitionStopCommand != nullptr) acquisitionStopCommand->Execute();
   device->StreamDisable(kChannel);
-  if (pipeline != nullptr && pipeline->IsStarted()) pipeline->Stop();
+  if (PipelineExists() && pipeline->IsStarted()) pipeline->Stop();
 }
 
 uint8_t* Camera::RetreiveBuffer() {
   PvResult operationResult;
-  if (pipeline != nullptr) pipeline->RetrieveNextBuffer(&buffer, kRetrieveTimeout_ms, &operationResult);
+  if (PipelineExists()) pipeline->RetrieveNextBuffer(&buffer, kRetrieveTimeout_ms, &operationResult);
   if (limitFrameRate) {
     const int64_t now_ms = keocam::systemClock_ms();
     const auto elapsed_ms = static_cast<int32_t>(now_ms - lastFrameTime);
@@ -59,5 +61,5 @@ uint8_t* Camera::RetreiveBuffer() {
 }
 
 void Camera::ReleaseBuffer() {
-  if (pipeline != nullptr) pipeline->ReleaseBuffer(buffer);
+  if (PipelineExists()) pipeline->ReleaseBuffer(buffer);
 }

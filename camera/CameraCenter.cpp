@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "calibration/CalibrationSource.h"
+#include "camera/Log.h"
 
 namespace {
 
@@ -43,9 +44,9 @@ void CameraCenter::createKEOcams() {
       cameras.push_back(currentCamera);
     }
   }
-  std::cout << "CameraCenter: Connecting KEO devices results:" << std::endl;
-  std::cout << "\t- Found interfaces: " << interfaceCounter << std::endl;
-  std::cout << "\t- Found cameras: " << deviceCounter << std::endl;
+  keocam::printLine("CameraCenter: Connecting KEO devices results:");
+  keocam::printLine("\t- Found interfaces: " + std::to_string(interfaceCounter));
+  keocam::printLine("\t- Found cameras: " + std::to_string(deviceCounter));
   if (deviceInfos.empty()) std::cerr << "CameraCenter: No cameras ready to use!" << std::endl;
 }
 

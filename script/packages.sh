@@ -11,9 +11,13 @@ arm64_packages="g++-aarch64-linux-gnu qemu-user-static libaravis-dev:arm64 libus
 
 # Which of the packages named are not installed.
 missing_packages() {
+  native=$(dpkg --print-architecture)
   for package in "$@"; do
-    status=$(dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null | head -n 1)
-    [ "$status" = installed ] || printf '%s ' "$package"
+    case $package in
+      *:*) statuses=$(dpkg-query -W -f '${db:Status-Status}\n' "$package" 2>/dev/null) ;;
+      *) statuses=$(dpkg-query -W -f '${db:Status-Status}\n' "$package:$native" "$package:all" 2>/dev/null) ;;
+    esac || true
+    case $statuses in installed*) ;; *) printf '%s ' "$package" ;; esac
   done
 }
 

@@ -78,9 +78,12 @@ PvDevice::~PvDevice() { eventLog().add("PvDevice::~PvDevice"); }
 PvDeviceGEV::PvDeviceGEV(std::unique_ptr<State> state) : PvDevice(std::move(state)) {}
 PvDeviceGEV::~PvDeviceGEV() = default;
 
+const PvResult* PvLayer::result_of_connecting = nullptr;
+
 PvDevice* PvDevice::CreateAndConnect(const PvDeviceInfo* info, PvResult* result) {
   const scripted::Device& device = PvLayer::deviceOf(*info);
-  eventLog().add("PvDevice::CreateAndConnect " + nullable(device.display_id) + (result != nullptr ? "" : " no result"));
+  eventLog().add("PvDevice::CreateAndConnect " + nullable(device.display_id));
+  PvLayer::result_of_connecting = result;
   if (!device.accepts_connection) return nullptr;
   return PvLayer::makeDevice(device);
 }

@@ -38,6 +38,9 @@ struct PvDeviceInfo::State {
 };
 
 struct PvLayer {
+  /// Where the last CreateAndConnect was to store its outcome; the stream's is to go to the same place. Only compared.
+  static const PvResult* result_of_connecting;
+
   static PvInterface* makeInterface(std::size_t index);
   static PvDeviceInfo* makeInfo(const std::shared_ptr<scripted::Device>& device);
   static const scripted::Device& deviceOf(const PvDeviceInfo& info);

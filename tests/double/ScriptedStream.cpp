@@ -22,7 +22,8 @@ PvStreamGEV::~PvStreamGEV() = default;
 
 PvStream* PvStream::CreateAndOpen(const PvString& connectionID, PvResult* result) {
   const std::string id = connectionID.GetAscii() != nullptr ? connectionID.GetAscii() : "(null)";
-  eventLog().add("PvStream::CreateAndOpen " + id + (result != nullptr ? "" : " no result"));
+  eventLog().add("PvStream::CreateAndOpen " + id +
+                 (result != nullptr && result == PvLayer::result_of_connecting ? "" : " another result"));
   for (const auto& interface : network().interfaces) {
     if (!interface) continue;
     for (const auto& device : *interface) {

@@ -8,6 +8,8 @@ start_simulator() {
   "$@" </dev/null >&3 2>"$scratch/simulator.log" &
   simulator=$!
   trap stop_simulator EXIT
+  trap 'exit 130' INT
+  trap 'exit 143' TERM
   if ! timeout 10 sh -c 'read -r line <&3 && [ "$line" = ready ]' 3<&3; then
     cat "$scratch/simulator.log" >&2
     fail "the simulator did not become ready"

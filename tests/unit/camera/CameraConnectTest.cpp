@@ -149,11 +149,19 @@ TEST_F(CameraConnectTest, Connect_StreamNotOpen_FailsAndLeavesEverythingInPlace)
   EXPECT_NE(camera_.pipeline, nullptr);
 }
 
-TEST_F(CameraConnectTest, Connect_AbsentDisplayIdentifier_SetsTheStreamsFailBit) {
+TEST_F(CameraConnectTest, Connect_AbsentDisplayIdentifier_SetsTheStreamsFailBitAndPrintsNothingMore) {
   device_->display_id = PvString();
   EXPECT_EQ(camera_.Connect(), 0);
   EXPECT_NE(std::cout.rdstate() & std::ios::failbit, 0);
   std::cout.clear();
+  std::cout << std::flush;
+  EXPECT_THAT(takePrinted(), ElementsAre("out: Camera: Connecting to "));
+
+  EXPECT_EQ(camera_.Connect(), -1);
+  EXPECT_NE(std::cout.rdstate() & std::ios::failbit, 0);
+  std::cout.clear();
+  std::cout << std::flush;
+  EXPECT_THAT(takePrinted(), ElementsAre("out: Camera: Camera "));
 }
 
 TEST_F(CameraConnectTest, ConfigureStream_WithoutDevice_DoesNothing) {

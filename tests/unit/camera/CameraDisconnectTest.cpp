@@ -91,6 +91,68 @@ TEST_F(CameraDisconnectTest, Connect_AfterDisconnect_MakesEverythingAnew) {
   }
 }
 
+TEST_F(CameraDisconnectTest, Disconnect_Twice_DeletesThePipelineOnce) {
+  Camera camera(info(), "", "00", "ABCD1000");
+  camera.Connect();
+  camera.Disconnect();
+  log().clear();
+  camera.Disconnect();
+  EXPECT_THAT(takeAll(), ElementsAre("sleep 1 s"));
+}
+
+TEST_F(CameraDisconnectTest, Disconnect_AfterAFailedReconnect_DeletesNothingTwice) {
+  Camera camera(info(), "", "00", "ABCD1000");
+  camera.Connect();
+  camera.Disconnect();
+
+  device_->accepts_connection = false;
+  ASSERT_EQ(camera.Connect(), -1);
+  camera.Disconnect();
+
+  device_->accepts_connection = true;
+  device_->stream_opens = false;
+  ASSERT_EQ(camera.Connect(), -1);
+  camera.Disconnect();
+  for (const char* kind : {"PvDevice", "PvStream", "PvPipeline"}) EXPECT_EQ(scripted::liveObjects(kind), 0) << kind;
+
+  device_->stream_opens = true;
+  EXPECT_EQ(camera.Connect(), 0);
+  camera.Disconnect();
+}
+
+TEST_F(CameraDisconnectTest, RetreiveBuffer_TimeoutAfterAReconnect_ReturnsNullAndNotTheOldFrame) {
+  Camera camera(info(), "", "00", "ABCD1000");
+  camera.Connect();
+  scripted::network().retrievals = {scripted::Retrieval{uint8_t{7}, {}, 0}};
+  ASSERT_NE(camera.RetreiveBuffer(), nullptr);
+  camera.Disconnect();
+  ASSERT_EQ(camera.Connect(), 0);
+  EXPECT_EQ(camera.RetreiveBuffer(), nullptr);
+  camera.ReleaseBuffer();
+  camera.Disconnect();
+}
+
+TEST_F(CameraDisconnectTest, Acquisition_AfterDisconnect_TouchesNothingThatHasGone) {
+  for (const bool lost : {false, true}) {
+    Camera camera(info(), "", "00", "ABCD1000");
+    camera.Connect();
+    camera.StartAcquisition();
+    device_->stays_connected = !lost;
+    camera.Disconnect();
+    log().clear();
+    camera.StartAcquisition();
+    EXPECT_EQ(camera.RetreiveBuffer(), nullptr);
+    camera.ReleaseBuffer();
+    camera.StopAcquisition();
+    EXPECT_THAT(take({"PvPipeline"}), testing::IsEmpty()) << (lost ? "lost" : "connected");
+    if (!lost) continue;
+    PvDevice::Free(camera.device);
+    camera.device = nullptr;
+    camera.StartAcquisition();
+    EXPECT_THAT(take({"PvPipeline", "PvGenCommand"}), testing::IsEmpty());
+  }
+}
+
 TEST_F(CameraDisconnectTest, Destructor_ConnectedCamera_TouchesNothingOfTheNetwork) {
   PvDevice* device = nullptr;
   PvStream* stream = nullptr;
