@@ -15,8 +15,8 @@ namespace {
 
 constexpr const char* kAddress = "127.0.0.2";
 constexpr const char* kFramesPerSecond = "200";
-constexpr int kFramesPerRun = 600;
-constexpr int kRuns = 7;
+constexpr int kFramesPerRun = 400;
+constexpr int kRuns = 15;
 constexpr unsigned int kBuffers = 8;  // 2 for the application and the reserve that the library's pipeline keeps
 
 // What the library negotiated; the yardstick uses the same.

@@ -31,11 +31,13 @@ void RatioReporter::Finalize() {
     const std::vector<double>& numerator = values_[ratio.numerator][ratio.counter];
     const std::vector<double>& denominator = values_[ratio.denominator][ratio.counter];
     if (numerator.empty() || denominator.empty()) continue;
-    const double above = median(numerator);
-    const double below = median(denominator);
-    GetOutputStream() << ratio.counter << ", " << ratio.numerator << " / " << ratio.denominator << ": " << above / below
-                      << " (medians " << above << " and " << below << " of " << numerator.size() << " and "
-                      << denominator.size() << " runs)\n";
+    std::vector<double> quotients;
+    for (std::size_t i = 0; i < std::min(numerator.size(), denominator.size()); ++i) {
+      quotients.push_back(numerator[i] / denominator[i]);
+    }
+    GetOutputStream() << ratio.counter << ", " << ratio.numerator << " / " << ratio.denominator << ": median of "
+                      << quotients.size() << " pairs " << median(quotients) << ", medians " << median(numerator)
+                      << " and " << median(denominator) << "\n";
   }
 }
 

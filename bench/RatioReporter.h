@@ -1,4 +1,4 @@
-// Prints the usual table, then ratios of medians between pairs of benchmarks.
+// Prints the usual table, then ratios between benchmarks that ran in turn, pair by pair.
 #pragma once
 
 #include <benchmark/benchmark.h>
