@@ -17,7 +17,6 @@ namespace keocam {
 namespace {
 
 constexpr uint16_t kDiscardPort = 9;  // any port will do: nothing is sent
-constexpr uint32_t kEthernetMtu_bytes = 1500;
 
 struct FreeInterfaces {
   void operator()(ifaddrs* list) const { freeifaddrs(list); }

@@ -46,7 +46,10 @@ std::optional<InterfaceChoice> chooseInterface(const std::vector<InterfaceDetail
 /// The source address of the kernel's route to `device`; sends nothing.
 std::optional<Ipv4> routedFrom(Ipv4 device);
 
-/// Bytes in the largest IP packet of the interface called `name`; 1500 if the system does not tell.
+/// Bytes in the largest IP packet of an ordinary Ethernet.
+constexpr uint32_t kEthernetMtu_bytes = 1500;
+
+/// Bytes in the largest IP packet of the interface called `name`; kEthernetMtu_bytes if the system does not tell.
 uint32_t mtuOf(const std::string& name);
 
 }  // namespace keocam

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <vector>
 
 #include "pv/aravis/NetworkInterfaces.h"
 #include "tests/pv/TestCamera.h"
@@ -46,6 +47,91 @@ TEST(LargestArriving, NothingArrives_IsNone) {
 TEST(LargestArriving, OddStepsAndBounds_StayInTheRange) {
   EXPECT_EQ(found({576, 1499, 100}, 9000), 1476U);
   EXPECT_EQ(found({576, 1500, 0}, 1000), 1000U);
+}
+
+TEST(RangeWithin, DeviceThatTakesSmallerPackets_BeginsAt576OnItsOwnSteps) {
+  EXPECT_EQ(keocam::rangeWithin({220, 16404, 4}, 9000).minimum_bytes, 576U);
+  EXPECT_EQ(keocam::rangeWithin({220, 16404, 4}, 9000).maximum_bytes, 9000U);
+  EXPECT_EQ(keocam::rangeWithin({100, 9000, 64}, 9000).minimum_bytes, 100U + 8 * 64);
+  EXPECT_EQ(keocam::rangeWithin({600, 9000, 8}, 9000).minimum_bytes, 600U);
+}
+
+TEST(RangeWithin, MtuBelow576_IsStillARange) {
+  const auto range = keocam::rangeWithin({220, 9000, 4}, 400);
+  EXPECT_EQ(range.minimum_bytes, 400U);
+  EXPECT_EQ(range.maximum_bytes, 400U);
+  const auto none = keocam::rangeWithin({576, 9000, 4}, 400);
+  EXPECT_EQ(found(none, 65535), 0U);
+  EXPECT_EQ(keocam::roundedToStep(none, 1500), 576U);
+}
+
+TEST(RoundedToStep, SizesBetweenSteps_GoDown) {
+  EXPECT_EQ(keocam::roundedToStep({576, 9000, 16}, 1500), 1488U);
+  EXPECT_EQ(keocam::roundedToStep({576, 9000, 4}, 1500), 1500U);
+  EXPECT_EQ(keocam::roundedToStep({576, 9000, 4}, 65535), 9000U);
+  EXPECT_EQ(keocam::roundedToStep({576, 9000, 4}, 100), 576U);
+}
+
+// A device's packet size register that takes sizes up to `refused_from`, behind a path that carries `path_bytes`.
+struct ScriptedDevice {
+  uint32_t path_bytes = 65535;
+  uint32_t refused_from = 65536;
+  std::size_t dies_after_writes = SIZE_MAX;
+  uint32_t value = kBefore;
+  std::size_t writes = 0;
+
+  static constexpr uint32_t kOtherBits = 0x20000000;
+  static constexpr uint32_t kBefore = kOtherBits | 0x80000000 | 1400;
+  static constexpr uint32_t kRestored = kOtherBits | 1400;
+
+  keocam::PacketSizeTrial trial() {
+    return {[this](uint32_t written) -> PvResult {
+              // The failure passes: a device that stays dead could not be written back to.
+              if (writes++ == dies_after_writes) return {Code::Timeout, PvString("no answer")};
+              if ((written & 0xFFFF) >= refused_from) return {Code::InvalidParameter, PvString("refused")};
+              value = written;
+              return {};
+            },
+            [this](uint32_t size_bytes) { return (value & 0xFFFF) == size_bytes && size_bytes <= path_bytes; }};
+  }
+};
+
+TEST(SearchPacketSize, RefusedSizes_CountAsNotArriving) {
+  ScriptedDevice device;
+  device.refused_from = 4001;
+  uint32_t found_bytes = 0;
+  EXPECT_TRUE(keocam::searchPacketSize({576, 9000, 4}, device.value, device.trial(), found_bytes).IsOK());
+  EXPECT_EQ(found_bytes, 4000U);
+  EXPECT_EQ(device.value, ScriptedDevice::kOtherBits | 0x40000000 | 4000U);
+}
+
+TEST(SearchPacketSize, FailureAtAnyWrite_LeavesTheSizeOfBefore) {
+  ScriptedDevice whole;
+  whole.path_bytes = 1500;
+  uint32_t found_bytes = 0;
+  ASSERT_TRUE(keocam::searchPacketSize({576, 9000, 4}, whole.value, whole.trial(), found_bytes).IsOK());
+  ASSERT_GT(whole.writes, 10U);
+  for (std::size_t good = 0; good < whole.writes; ++good) {
+    ScriptedDevice device;
+    device.path_bytes = 1500;
+    device.dies_after_writes = good;
+    const PvResult result = keocam::searchPacketSize({576, 9000, 4}, device.value, device.trial(), found_bytes);
+    EXPECT_EQ(result.GetCode(), Code::Timeout) << good;
+    EXPECT_EQ(found_bytes, 0U) << good;
+    EXPECT_EQ(device.value, ScriptedDevice::kRestored) << good;
+  }
+}
+
+TEST(SearchPacketSize, NothingArrives_LeavesTheSizeOfBefore) {
+  for (const uint32_t refused_from : {65536U, 2000U}) {
+    ScriptedDevice device;
+    device.path_bytes = 0;
+    device.refused_from = refused_from;
+    uint32_t found_bytes = 7;
+    EXPECT_TRUE(keocam::searchPacketSize({576, 9000, 4}, device.value, device.trial(), found_bytes).IsOK());
+    EXPECT_EQ(found_bytes, 0U);
+    EXPECT_EQ(device.value, ScriptedDevice::kRestored);
+  }
 }
 
 TEST(NegotiatePacketSize, OnLoopback_IsTheDevicesLargest) {
