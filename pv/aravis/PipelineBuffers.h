@@ -8,7 +8,8 @@
 #include "PvBuffer.h"
 #include "pv/aravis/GLib.h"
 
-/// One frame's memory and the Aravis buffer that describes it. The stream's thread writes it while it is Queued.
+/// One frame's memory and the Aravis buffer that describes it in the present run. The stream's thread writes it while
+/// it is queued there.
 struct PvBuffer::State {
   std::unique_ptr<uint8_t[]> memory;
   keocam::GObjectPtr<ArvBuffer> description;
@@ -17,27 +18,26 @@ struct PvBuffer::State {
 
 namespace keocam {
 
-/// Not for concurrent use; the pipeline guards it.
+/// A buffer, once made, lives as long as this object, since applications keep pointers to buffers that they have
+/// released. Not for concurrent use; the pipeline guards it.
 class PipelineBuffers {
  public:
-  /// Makes `count` buffers of `size` bytes. Those that the application holds keep their memory as long as this object
-  /// and are not given to a stream again. Throws std::bad_alloc.
-  void allocate(std::size_t count, std::size_t size);
+  /// Readies `count` buffers of at least `size` bytes for a run and returns their Aravis buffers, made for this run
+  /// alone: a frame of an earlier run is thus never taken for one of this. Memory that is large enough is kept, with
+  /// what it holds; no buffer may be held. Throws std::bad_alloc, and then nothing has changed.
+  std::vector<ArvBuffer*> prepare(std::size_t count, std::size_t size);
 
-  std::size_t size() const { return size_; }
-  std::size_t count() const { return buffers_.size(); }
   /// Buffers in the application's hands.
   std::size_t heldCount() const { return held_count_; }
 
-  /// The Aravis buffers that a stream may fill: all but the held ones.
-  std::vector<ArvBuffer*> fillable() const;
-
-  /// Puts the buffer that `description` belongs to into the application's hands.
-  PvBuffer* hold(ArvBuffer* description);
-
-  enum class Return { Refused, Retired, Fillable };
-  /// Takes a buffer back. Refused if it is null, foreign or not held; Fillable if a stream may have it again.
-  Return takeBack(PvBuffer* buffer);
+  /// The buffer that `description` belongs to in the present run; null if it is of an earlier one.
+  PvBuffer* find(ArvBuffer* description) const;
+  /// Puts one of these buffers into the application's hands.
+  void hold(PvBuffer* buffer);
+  /// Takes a buffer back and returns its Aravis buffer; null if it is null, foreign or not held.
+  ArvBuffer* takeBack(PvBuffer* buffer);
+  /// Takes back all that the application holds.
+  void takeAllBack();
 
   /// The Aravis buffer behind one of these buffers.
   static ArvBuffer* descriptionOf(const PvBuffer& buffer);
@@ -46,7 +46,6 @@ class PipelineBuffers {
   std::size_t size_ = 0;
   std::size_t held_count_ = 0;
   std::vector<std::unique_ptr<PvBuffer>> buffers_;
-  std::vector<std::unique_ptr<PvBuffer>> retired_;  // Replaced while the application held them.
 };
 
 }  // namespace keocam

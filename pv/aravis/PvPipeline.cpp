@@ -1,14 +1,15 @@
 // Frames on their way from the stream to the application and back.
 #include "PvPipeline.h"
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
-#include <limits>
 #include <mutex>
 #include <new>
 #include <utility>
 
 #include "pv/aravis/Error.h"
+#include "pv/aravis/Features.h"
 #include "pv/aravis/PipelineBuffers.h"
 #include "pv/aravis/PvLayer.h"
 
@@ -21,6 +22,8 @@ using Code = PvResult::Code;
 // before them awaits its resent packets (up to 0.2 s, five frames at 25 Hz), since frames are handed out in order.
 constexpr unsigned int kReserve = 6;
 constexpr unsigned int kMostBuffers = 1024;
+// No sensor comes near it; a device that claims more is wrong.
+constexpr uint64_t kLargestFrame_bytes = uint64_t{1} << 30;
 
 PvResult notWhileStarted() {
   return keocam::failure(Code::AccessDenied, "The buffers cannot change while the pipeline is started; stop it first.");
@@ -38,11 +41,10 @@ struct PvPipeline::State {
   unsigned int count = 1;
   unsigned int size_bytes = 0;
   uint64_t payload_bytes = 0;
-  uint64_t run = 0;  // Counts the starts: a frame taken from the stream belongs to the run in which that began.
   bool started = false;
 
   enum class Fate { Delivered, PassedOver };
-  Fate judge(ArvBuffer* frame, uint64_t run_of_frame, PvBuffer** buffer);
+  Fate judge(ArvBuffer* frame, PvBuffer** buffer);
   bool complete(ArvBuffer* frame);
 };
 
@@ -76,37 +78,31 @@ PvResult PvPipeline::SetBufferSize(unsigned int size) {
 
 PvResult PvPipeline::Start() {
   if (!state_->receiver) return keocam::failure(Code::InvalidParameter, "The pipeline has no stream.");
-  const auto payload_bytes = std::make_shared<uint64_t>(0);
-  PvResult asked = state_->link->run([payload_bytes](ArvDevice* device) {
-    keocam::GErrorPtr error;
-    const gint64 size = arv_device_get_integer_feature_value(device, "PayloadSize", error.out());
-    if (!error && size > 0) *payload_bytes = static_cast<uint64_t>(size);
-    return keocam::resultOf(error, "Reading PayloadSize");
-  });
+  const auto payload_bytes = std::make_shared<int64_t>(0);
+  PvResult asked = state_->link->run(
+      [payload_bytes](ArvDevice* device) { return keocam::readInteger(device, "PayloadSize", *payload_bytes); });
   if (!asked.IsOK()) return asked;
 
   const std::lock_guard<std::mutex> lock(state_->mutex);
   if (state_->started) return keocam::failure(Code::InvalidParameter, "The pipeline is started already.");
-  if (*payload_bytes == 0) return keocam::failure(Code::GenericError, "The device says that its frames are empty.");
-  if (*payload_bytes > state_->size_bytes) {
-    return keocam::failure(Code::InvalidParameter,
-                           "A frame has " + std::to_string(*payload_bytes) + " bytes and a buffer only " +
-                               std::to_string(state_->size_bytes) + "; set the buffer size to the payload size.");
+  if (*payload_bytes <= 0) return keocam::failure(Code::GenericError, "The device says that its frames are empty.");
+  const auto frame_bytes = static_cast<uint64_t>(*payload_bytes);
+  if (frame_bytes > kLargestFrame_bytes) {
+    return keocam::failure(Code::GenericError,
+                           "The device says that a frame has " + std::to_string(frame_bytes) + " bytes.");
   }
-  const std::size_t wanted = std::size_t{state_->count} + kReserve;
-  if (state_->buffers.count() != wanted || state_->buffers.size() != state_->size_bytes) {
-    try {
-      state_->buffers.allocate(wanted, state_->size_bytes);
-    } catch (const std::bad_alloc&) {
-      return keocam::failure(Code::GenericError, "There is no memory for " + std::to_string(wanted) + " buffers of " +
-                                                     std::to_string(state_->size_bytes) + " bytes.");
-    }
+  const std::size_t count = std::size_t{state_->count} + kReserve;
+  const std::size_t size_bytes = std::max<std::size_t>(state_->size_bytes, frame_bytes);
+  PvResult result;
+  try {
+    result = state_->receiver->start(state_->buffers.prepare(count, size_bytes), frame_bytes);
+  } catch (const std::bad_alloc&) {
+    return keocam::failure(Code::GenericError, "There is no memory for " + std::to_string(count) + " buffers of " +
+                                                   std::to_string(size_bytes) + " bytes.");
   }
-  PvResult result = state_->receiver->start(state_->buffers.fillable(), *payload_bytes);
   if (!result.IsOK()) return result;
-  state_->payload_bytes = *payload_bytes;
+  state_->payload_bytes = frame_bytes;
   state_->started = true;
-  ++state_->run;
   return {};
 }
 
@@ -115,7 +111,8 @@ PvResult PvPipeline::Stop() {
   if (!state_->started) return keocam::failure(Code::InvalidParameter, "The pipeline is not started.");
   state_->receiver->stop();
   state_->started = false;
-  ++state_->run;
+  state_->buffers.takeAllBack();
+  state_->released.notify_all();
   return {};
 }
 
@@ -134,20 +131,22 @@ bool PvPipeline::State::complete(ArvBuffer* frame) {
   return false;
 }
 
-// Takes over the reference to `frame`.
-PvPipeline::State::Fate PvPipeline::State::judge(ArvBuffer* frame, uint64_t run_of_frame, PvBuffer** buffer) {
+// Takes over the reference to `frame`. One of an earlier run, taken from the stream while that was stopped, is dropped;
+// its memory may be in the stream again already.
+PvPipeline::State::Fate PvPipeline::State::judge(ArvBuffer* frame, PvBuffer** buffer) {
   const std::lock_guard<std::mutex> lock(mutex);
-  if (!started || run != run_of_frame) {
+  PvBuffer* const current = started ? buffers.find(frame) : nullptr;
+  if (current == nullptr) {
     g_object_unref(frame);
     return Fate::PassedOver;
   }
-  PvBuffer* const held = complete(frame) ? buffers.hold(frame) : nullptr;
-  if (held == nullptr) {
+  if (!complete(frame)) {
     receiver->push(frame);
     return Fate::PassedOver;
   }
   g_object_unref(frame);
-  *buffer = held;
+  buffers.hold(current);
+  *buffer = current;
   return Fate::Delivered;
 }
 
@@ -162,11 +161,10 @@ PvResult PvPipeline::RetrieveNextBuffer(PvBuffer** buffer, unsigned int timeout_
       return keocam::failure(Code::NoBuffer, "The application holds all " + std::to_string(state_->count) +
                                                  " buffers that it may; release one first.");
     }
-    const uint64_t run = state_->run;
     lock.unlock();
     ArvBuffer* const frame = state_->receiver->pop(deadline);
     if (frame == nullptr) break;
-    if (state_->judge(frame, run, buffer) == State::Fate::Delivered) {
+    if (state_->judge(frame, buffer) == State::Fate::Delivered) {
       if (operationResult != nullptr) *operationResult = PvResult();
       return {};
     }
@@ -179,18 +177,11 @@ PvResult PvPipeline::RetrieveNextBuffer(PvBuffer** buffer, unsigned int timeout_
 
 PvResult PvPipeline::ReleaseBuffer(PvBuffer* buffer) {
   const std::lock_guard<std::mutex> lock(state_->mutex);
-  switch (state_->buffers.takeBack(buffer)) {
-    case keocam::PipelineBuffers::Return::Refused:
-      return keocam::failure(Code::InvalidParameter, "The buffer is not one that this pipeline has handed out.");
-    case keocam::PipelineBuffers::Return::Fillable:
-      if (state_->started) {
-        ArvBuffer* const description = keocam::PipelineBuffers::descriptionOf(*buffer);
-        state_->receiver->push(ARV_BUFFER(g_object_ref(description)));
-      }
-      break;
-    case keocam::PipelineBuffers::Return::Retired:
-      break;
+  ArvBuffer* const description = state_->buffers.takeBack(buffer);
+  if (description == nullptr) {
+    return keocam::failure(Code::InvalidParameter, "The buffer is not one that this pipeline has handed out.");
   }
+  state_->receiver->push(ARV_BUFFER(g_object_ref(description)));
   state_->released.notify_all();
   return {};
 }

@@ -11,8 +11,9 @@ class PvBuffer {
   PvBuffer(const PvBuffer&) = delete;
   PvBuffer& operator=(const PvBuffer&) = delete;
 
-  /// The first byte of the frame's data, row after row, as the device sent them. The memory lives as long as the
-  /// pipeline; its contents are the application's from RetrieveNextBuffer to ReleaseBuffer.
+  /// The first byte of the frame's data, row after row, as the device sent them. The contents are the
+  /// application's from RetrieveNextBuffer to ReleaseBuffer or to the pipeline's Stop. The memory stays readable as
+  /// long as the pipeline, or until a Start that needs larger buffers.
   uint8_t* GetDataPointer();
 
  private:

@@ -18,10 +18,16 @@ class PvPipeline {
 
   /// The largest number of buffers that the application may hold at a time. Only while stopped.
   PvResult SetBufferCount(unsigned int count);
-  /// Bytes in each buffer: the device's payload size. Only while stopped.
+  /// Bytes in each buffer, at least: Start() makes them larger where the device's payload has grown meanwhile. Only
+  /// while stopped.
   PvResult SetBufferSize(unsigned int size);
 
+  /// Begins to receive frames of the payload size that the device has now.
   PvResult Start();
+  /// Ends receiving and takes back all buffers that the application still holds: they no longer count against the
+  /// buffer count, and releasing them later is refused harmlessly, unless the next run has handed the same buffer out
+  /// again. A buffer stays a valid object as long as the pipeline; its memory keeps its contents until the next
+  /// Start(), and is replaced there if it has to grow.
   PvResult Stop();
   bool IsStarted();
 

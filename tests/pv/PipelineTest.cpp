@@ -111,15 +111,26 @@ TEST_F(PipelineTest, Retrieve_NothingComes_KeepsTheTimeOut) {
   }
 }
 
-TEST_F(PipelineTest, Start_BuffersTooSmall_IsInvalidParameter) {
-  ASSERT_TRUE(pipeline().SetBufferSize(1000).IsOK());
-  const PvResult result = pipeline().Start();
-  EXPECT_EQ(result.GetCode(), Code::InvalidParameter);
-  EXPECT_NE(pv_test::textOf(result).find("38400"), std::string::npos) << pv_test::textOf(result);
-  EXPECT_FALSE(pipeline().IsStarted());
-  ASSERT_TRUE(pipeline().SetBufferSize(38400).IsOK());
-  EXPECT_TRUE(connection_.start().IsOK());
-  EXPECT_NE(retrieve(), nullptr);
+TEST_F(PipelineTest, Start_FramesHaveGrownSinceTheBufferSizeWasSet_DeliversThemWhole) {
+  const simulator::Scene scene(camera_.sceneSettings());
+  ASSERT_TRUE(connection_.features().SetIntegerValue("Width", 80).IsOK());
+  ASSERT_TRUE(pipeline().SetBufferSize(static_cast<unsigned int>(connection_.device->GetPayloadSize())).IsOK());
+  for (const unsigned int width : {80U, 160U, 80U, 160U}) {
+    ASSERT_TRUE(connection_.features().SetIntegerValue("Width", width).IsOK());
+    ASSERT_TRUE(connection_.start().IsOK());
+    for (int frame = 0; frame < 10; ++frame) {
+      PvBuffer* const buffer = retrieve();
+      ASSERT_NE(buffer, nullptr) << width;
+      const auto details = keocam::detailsOf(*buffer);
+      ASSERT_EQ(details.size, width * 120U * 2U);
+      if (width == 160) {
+        const auto expected = scene.render(160, 120, details.block_id);
+        EXPECT_EQ(std::memcmp(buffer->GetDataPointer(), expected.data(), details.size), 0) << details.block_id;
+      }
+      EXPECT_TRUE(pipeline().ReleaseBuffer(buffer).IsOK());
+    }
+    ASSERT_TRUE(connection_.stop().IsOK());
+  }
 }
 
 TEST_F(PipelineTest, Start_SmallerFramesThanBuffers_DeliversTheSmallerFrames) {
@@ -165,23 +176,63 @@ TEST_F(PipelineTest, Stop_WhileTheCameraSendsOn_DeliversNoOldFrameAfterTheNextSt
   EXPECT_GT(began + milliseconds(20), restart);
 }
 
-TEST_F(PipelineTest, Buffers_HeldAcrossStopAndResize_StayReadableAndCanBeReleased) {
+TEST_F(PipelineTest, Buffers_HeldAtStop_AreTakenBackAgainAndAgain) {
+  for (int run = 0; run < 6; ++run) {
+    ASSERT_TRUE(connection_.start().IsOK());
+    PvBuffer* const first = retrieve();
+    PvBuffer* const second = retrieve();
+    ASSERT_TRUE(first != nullptr && second != nullptr) << "run " << run;
+    EXPECT_EQ(refusal(0), Code::NoBuffer);
+    const uint8_t first_byte = *first->GetDataPointer();
+    ASSERT_TRUE(connection_.stop().IsOK());
+    EXPECT_EQ(*first->GetDataPointer(), first_byte);
+    EXPECT_EQ(pipeline().ReleaseBuffer(first).GetCode(), Code::InvalidParameter);
+    if (run % 2 == 0) continue;
+    ASSERT_TRUE(pipeline().Start().IsOK());
+    EXPECT_EQ(pipeline().ReleaseBuffer(second).GetCode(), Code::InvalidParameter);
+    ASSERT_TRUE(pipeline().Stop().IsOK());
+  }
+}
+
+TEST_F(PipelineTest, Buffers_WhileStarted_CannotBeChanged) {
   ASSERT_TRUE(connection_.start().IsOK());
-  PvBuffer* const held = retrieve();
-  ASSERT_NE(held, nullptr);
-  EXPECT_FALSE(pipeline().SetBufferSize(50000).IsOK());
-  EXPECT_FALSE(pipeline().SetBufferCount(3).IsOK());
-  const uint8_t first_byte = *held->GetDataPointer();
+  EXPECT_EQ(pipeline().SetBufferSize(50000).GetCode(), Code::AccessDenied);
+  EXPECT_EQ(pipeline().SetBufferCount(3).GetCode(), Code::AccessDenied);
+}
+
+// An application may look at the last buffer that it had even after it gave that back.
+TEST_F(PipelineTest, Buffers_FromBeforeAGrowth_AreStillObjects) {
+  ASSERT_TRUE(connection_.features().SetIntegerValue("Width", 80).IsOK());
+  ASSERT_TRUE(pipeline().SetBufferSize(80 * 120 * 2).IsOK());
+  ASSERT_TRUE(connection_.start().IsOK());
+  PvBuffer* const old = retrieve();
+  ASSERT_NE(old, nullptr);
+  ASSERT_TRUE(pipeline().ReleaseBuffer(old).IsOK());
   ASSERT_TRUE(connection_.stop().IsOK());
-  ASSERT_TRUE(pipeline().SetBufferSize(50000).IsOK());
-  ASSERT_TRUE(connection_.start().IsOK());
-  EXPECT_EQ(*held->GetDataPointer(), first_byte);
-  PvBuffer* const other = retrieve();
-  ASSERT_NE(other, nullptr);
-  EXPECT_EQ(refusal(50), Code::NoBuffer);
-  EXPECT_TRUE(pipeline().ReleaseBuffer(held).IsOK());
-  EXPECT_FALSE(pipeline().ReleaseBuffer(held).IsOK());
-  EXPECT_NE(retrieve(), nullptr);
+  ASSERT_TRUE(connection_.features().SetIntegerValue("Width", 160).IsOK());
+  ASSERT_TRUE(pipeline().Start().IsOK());
+  uint8_t* const memory = old->GetDataPointer();
+  ASSERT_NE(memory, nullptr);
+  EXPECT_EQ(memory[160 * 120 * 2 - 1], 0) << "larger memory, in which nothing has arrived";
+  EXPECT_EQ(pipeline().ReleaseBuffer(old).GetCode(), Code::InvalidParameter);
+}
+
+// All frames that the wait takes belong to the new run, which must keep every buffer.
+TEST_F(PipelineTest, Retrieve_WaitSpansStopAndStart_KeepsAllBuffersInTheRun) {
+  for (int round = 0; round < 10; ++round) {
+    ASSERT_TRUE(pipeline().Start().IsOK());
+    PvBuffer* early = nullptr;
+    std::thread waits([&] { early = retrieve(3000); });
+    std::this_thread::sleep_for(milliseconds(20));  // Long enough to be inside the wait; if not, the round proves less.
+    ASSERT_TRUE(pipeline().Stop().IsOK());
+    const uint64_t sent_before = camera_.statistics()[simulator::Counter::Frame];
+    ASSERT_TRUE(connection_.start().IsOK());
+    waits.join();
+    ASSERT_NE(early, nullptr);
+    // The first frame of the run: the wait has thrown none away.
+    EXPECT_EQ(keocam::detailsOf(*early).block_id, sent_before + 1) << "round " << round;
+    ASSERT_TRUE(connection_.stop().IsOK());
+  }
 }
 
 TEST_F(PipelineTest, Destruction_StartedAndHeld_IsSafe) {
