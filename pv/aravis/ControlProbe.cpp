@@ -1,5 +1,7 @@
 #include "pv/aravis/ControlProbe.h"
 
+#include <algorithm>
+
 #include "pv/aravis/GvcpClient.h"
 
 namespace keocam {
@@ -7,14 +9,19 @@ namespace keocam {
 namespace {
 constexpr int kTries = 3;
 constexpr std::chrono::milliseconds kWait_ms(220);
+constexpr std::chrono::milliseconds kLongest_ms(kTries* kWait_ms);
 }  // namespace
 
 ControlState probeControl(const InterfaceDetails& interface, const std::string& device_address) {
   GvcpClient client;
   if (!client.open(interface, device_address)) return ControlState::NoAnswer;
-  for (int attempt = 0; attempt < kTries; ++attempt) {
-    const auto answer = client.readRegister(bootstrap::kControlPrivilege, kWait_ms);
-    if (!answer) continue;
+  std::chrono::milliseconds left_ms = kLongest_ms;
+  while (left_ms > std::chrono::milliseconds(0)) {
+    const auto answer = client.readRegister(bootstrap::kControlPrivilege, std::min(kWait_ms, left_ms), left_ms);
+    if (!answer) {
+      left_ms -= client.waited();
+      continue;
+    }
     // A device under exclusive access refuses even this question.
     if (answer->status != 0) return ControlState::Controlled;
     return (answer->value & kControlledMask) != 0 ? ControlState::Controlled : ControlState::Free;

@@ -5,6 +5,7 @@
 #include <vector>
 
 class PvDeviceInfo;
+class PvResult;
 
 namespace keocam {
 
@@ -32,6 +33,11 @@ DeviceDetails detailsOf(const PvDeviceInfo& info);
 
 /// Asks the device who controls it. Blocks at most 0.7 s; needs no control itself.
 DeviceUse useOf(const PvDeviceInfo& info);
+
+/// Why the latest attempt in this process to connect to the device or to open its stream failed, or why its connection
+/// was lost since; Ok if none of that happened. InUse if another host controls the device; NotConnected or Timeout if
+/// it does not answer. Any thread; asks the device nothing.
+PvResult lastFailureOf(const PvDeviceInfo& info);
 
 /// A network interface that discovery asks.
 struct InterfaceDetails {

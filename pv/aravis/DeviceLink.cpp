@@ -9,6 +9,7 @@
 #include "pv/aravis/DisplayName.h"
 #include "pv/aravis/Error.h"
 #include "pv/aravis/GvcpClient.h"
+#include "pv/aravis/LastFailures.h"
 #include "pv/aravis/NetworkInterfaces.h"
 #include "pv/aravis/StreamOptions.h"
 #include "pv/aravis/StreamReceiver.h"
@@ -60,8 +61,11 @@ std::shared_ptr<DeviceLink> DeviceLink::connect(const DeviceDetails& device, std
       const auto watcher = std::make_shared<DeviceWatcher>(link);
       watcher->begin();
       const std::lock_guard<std::mutex> lock(link->mutex_);
-      ++link->threads_;
-      std::thread([watcher] { watcher->watch(); }).detach();
+      result = link->reason_;  // Ok, unless the watcher's first question showed that the device is lost already.
+      if (result.IsOK()) {
+        std::thread([watcher] { watcher->watch(); }).detach();
+        ++link->threads_;
+      }
     }
   } catch (const std::system_error& error) {
     result = failure(Code::GenericError, std::string("No thread could be started for the device: ") + error.what());
@@ -133,6 +137,7 @@ bool DeviceLink::end(const PvResult& reason) {
   jobs_.close(reason);
   const std::lock_guard<std::mutex> lock(mutex_);
   changed_.notify_all();
+  if (!ended_) reason_ = reason;
   return !std::exchange(ended_, true);
 }
 
@@ -142,7 +147,10 @@ void DeviceLink::disconnect() {
   changed_.wait_for(lock, kCloseLimit_ms, [this] { return threads_ == 0; });
 }
 
-void DeviceLink::lose(const std::string& reason) { end(failure(Code::NotConnected, "Lost " + name() + ": " + reason)); }
+void DeviceLink::lose(const std::string& reason) {
+  const PvResult lost = failure(Code::NotConnected, "Lost " + name() + ": " + reason);
+  if (end(lost)) noteOutcome(details_.address, lost);
+}
 
 // Writing the control register again does nothing for the host that has control, and another host is refused. It is
 // the one question that tells the two apart: the register reads the same for both.

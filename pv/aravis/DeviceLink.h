@@ -12,6 +12,7 @@
 #include "PvResult.h"
 #include "pv/aravis/DeviceDetails.h"
 #include "pv/aravis/GLib.h"
+#include "pv/aravis/HeldPorts.h"
 #include "pv/aravis/JobQueue.h"
 
 namespace keocam {
@@ -47,6 +48,8 @@ class DeviceLink : public std::enable_shared_from_this<DeviceLink> {
 
   bool connected() const { return connected_; }
 
+  const std::shared_ptr<HeldPorts>& heldPorts() const { return held_ports_; }
+
   /// Runs `work` on the working thread and returns its result, or NotConnected or Timeout without it.
   PvResult run(const Work& work, std::chrono::milliseconds limit = kCallLimit_ms);
   /// Runs `work` on the working thread some time later, or never if the link ends before.
@@ -74,6 +77,7 @@ class DeviceLink : public std::enable_shared_from_this<DeviceLink> {
   static void onControlLost(ArvDevice* device, gpointer link);
 
   const DeviceDetails details_;
+  const std::shared_ptr<HeldPorts> held_ports_ = std::make_shared<HeldPorts>();
   JobQueue jobs_;
   GObjectPtr<ArvDevice> device_;  // Touched by the working thread alone.
   std::atomic<bool> connected_{false};
@@ -84,6 +88,7 @@ class DeviceLink : public std::enable_shared_from_this<DeviceLink> {
   std::condition_variable changed_;
   std::shared_ptr<StreamReceiver> receiver_;  // Guarded by mutex_, as is all below.
   bool ended_ = false;                        // No longer to be watched.
+  PvResult reason_;                           // Why it ended; Ok before.
   int threads_ = 0;                           // Threads that have not finished.
 };
 

@@ -43,8 +43,8 @@ bool DeviceWatcher::pause() {
 void DeviceWatcher::ask() {
   const auto answer = client_.readRegister(bootstrap::kControlPrivilege, kPeriod_ms);
   if (!answer) {
-    // Only time spent waiting counts, so a host that was itself suspended does not blame the device.
-    silence_ms_ += kPeriod_ms;
+    // Only time that was to be spent waiting counts, so a host that was itself suspended does not blame the device.
+    silence_ms_ += client_.waited();
     if (heard_ && silence_ms_ >= kLongestSilence_ms) link_->lose("it no longer answers.");
     return;
   }

@@ -30,4 +30,8 @@ PvResult readInteger(ArvDevice* device, const char* feature, int64_t& value) {
   return resultOf(error, std::string("Reading '") + feature + "'");
 }
 
+PvResult readPayloadSize(ArvDevice* device, int64_t& size_bytes) {
+  return readInteger(device, "PayloadSize", size_bytes);
+}
+
 }  // namespace keocam

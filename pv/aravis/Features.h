@@ -19,4 +19,7 @@ ArvGcRegister* registerFeature(ArvDevice* device, const char* feature);
 /// The value of an integer feature, stored in `value` if the result is Ok.
 PvResult readInteger(ArvDevice* device, const char* feature, int64_t& value);
 
+/// Bytes in one frame at the device's present settings, as the device says.
+PvResult readPayloadSize(ArvDevice* device, int64_t& size_bytes);
+
 }  // namespace keocam

@@ -19,8 +19,6 @@ constexpr uint16_t kReadRegister = 0x0080;
 constexpr uint16_t kReadRegisterAnswer = 0x0081;
 constexpr uint16_t kPendingAnswer = 0x0089;
 constexpr std::size_t kHeader_bytes = 8;
-// A device may ask for patience again and again; beyond this it counts as silent.
-constexpr std::chrono::milliseconds kLongestPatience_ms(1000);
 
 using Datagram = std::array<uint8_t, 64>;
 
@@ -46,7 +44,8 @@ bool GvcpClient::open(const InterfaceDetails& interface, const std::string& devi
   return socket_.bindTo(*local, 0) && socket_.connectTo(*device, kPort);
 }
 
-std::optional<RegisterAnswer> GvcpClient::readRegister(uint32_t address, std::chrono::milliseconds wait) {
+std::optional<RegisterAnswer> GvcpClient::readRegister(uint32_t address, std::chrono::milliseconds wait,
+                                                       std::chrono::milliseconds longest) {
   id_ = id_ == 0xFFFF ? uint16_t{1} : static_cast<uint16_t>(id_ + 1);  // 0 is no valid identifier
   std::array<uint8_t, kHeader_bytes + 4> command{kKey, kAnswerRequired};
   put16(&command[2], kReadRegister);
@@ -57,6 +56,7 @@ std::optional<RegisterAnswer> GvcpClient::readRegister(uint32_t address, std::ch
 
   const auto start = Clock::now();
   auto deadline = start + wait;
+  const auto last_deadline = start + std::max(wait, longest);
   // A send fails while the interface is down; waiting all the same keeps silence measured in time, not in tries.
   static_cast<void>(socket_.send(command.data(), command.size()));
   Datagram answer{};
@@ -65,7 +65,7 @@ std::optional<RegisterAnswer> GvcpClient::readRegister(uint32_t address, std::ch
     const uint16_t kind = get16(&answer[2]);
     if (kind == kPendingAnswer && *size >= kHeader_bytes + 4) {
       const std::chrono::milliseconds asked(get16(&answer[10]));
-      deadline = std::min(Clock::now() + asked, start + wait + kLongestPatience_ms);
+      deadline = std::clamp(Clock::now() + asked, deadline, last_deadline);
       continue;
     }
     if (kind != kReadRegisterAnswer) continue;
@@ -73,6 +73,7 @@ std::optional<RegisterAnswer> GvcpClient::readRegister(uint32_t address, std::ch
     if (status != 0) return RegisterAnswer{status, 0};
     if (*size >= kHeader_bytes + 4) return RegisterAnswer{0, get32(&answer[8])};
   }
+  waited_ms_ = std::chrono::ceil<std::chrono::milliseconds>(deadline - start);
   return {};
 }
 

@@ -7,8 +7,10 @@
 #include "pv/aravis/DeviceRegistry.h"
 #include "pv/aravis/DisplayName.h"
 #include "pv/aravis/Error.h"
-#include "pv/aravis/NetworkInterfaces.h"
+#include "pv/aravis/Features.h"
+#include "pv/aravis/LastFailures.h"
 #include "pv/aravis/PvLayer.h"
+#include "pv/aravis/StreamChannel.h"
 
 namespace {
 
@@ -16,13 +18,6 @@ using Code = PvResult::Code;
 
 // With the probe in front of it and the watcher's first question behind, connecting stays below three seconds.
 constexpr std::chrono::milliseconds kOpenLimit_ms(2000);
-constexpr unsigned int kStreamChannels = 1;
-
-PvResult channelResult(unsigned int channel) {
-  if (channel < kStreamChannels) return {};
-  return keocam::failure(Code::InvalidParameter,
-                         "There is no stream channel " + std::to_string(channel) + "; the only one is 0.");
-}
 
 // Whether a connection may be tried, found out before Aravis is asked: it would take five seconds to miss a device.
 PvResult readiness(const keocam::DeviceDetails& device) {
@@ -52,7 +47,7 @@ PvResult lockTransport(ArvDevice* device, bool locked) {
 }
 
 PvResult setEnabled(keocam::DeviceLink& link, unsigned int channel, bool enabled) {
-  PvResult result = channelResult(channel);
+  PvResult result = keocam::checkChannel(channel);
   if (!result.IsOK()) return result;
   return link.run([enabled](ArvDevice* device) { return lockTransport(device, enabled); });
 }
@@ -67,10 +62,14 @@ PvDevice* PvDevice::CreateAndConnect(const PvDeviceInfo* info, PvResult* result)
     return nullptr;
   }
   const keocam::DeviceDetails& details = PvLayer::details(*info);
+  keocam::noteOutcome(details.address, {});  // Before the attempt, so that a loss right after it is not forgotten.
+  std::shared_ptr<keocam::DeviceLink> link;
   outcome = readiness(details);
-  if (!outcome.IsOK()) return nullptr;
-  const auto link = keocam::DeviceLink::connect(details, kOpenLimit_ms, outcome);
-  if (!link) return nullptr;
+  if (outcome.IsOK()) link = keocam::DeviceLink::connect(details, kOpenLimit_ms, outcome);
+  if (!link) {
+    keocam::noteOutcome(details.address, outcome);
+    return nullptr;
+  }
   keocam::registerDevice(link);
   return PvLayer::makeDevice(link);
 }
@@ -90,12 +89,9 @@ PvResult PvDevice::Disconnect() {
 }
 
 int64_t PvDevice::GetPayloadSize() {
-  const auto size_bytes = std::make_shared<gint64>(0);
-  const PvResult result = state_->link->run([size_bytes](ArvDevice* device) {
-    keocam::GErrorPtr error;
-    *size_bytes = arv_device_get_integer_feature_value(device, "PayloadSize", error.out());
-    return keocam::resultOf(error, "Reading PayloadSize");
-  });
+  const auto size_bytes = std::make_shared<int64_t>(0);
+  const PvResult result =
+      state_->link->run([size_bytes](ArvDevice* device) { return keocam::readPayloadSize(device, *size_bytes); });
   return result.IsOK() && *size_bytes > 0 ? *size_bytes : 0;
 }
 

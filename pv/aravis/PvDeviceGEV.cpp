@@ -5,19 +5,17 @@
 
 #include "pv/aravis/Error.h"
 #include "pv/aravis/GvcpClient.h"
+#include "pv/aravis/LastFailures.h"
 #include "pv/aravis/NetworkInterfaces.h"
 #include "pv/aravis/PacketSize.h"
 #include "pv/aravis/PvLayer.h"
+#include "pv/aravis/StreamChannel.h"
+#include "pv/aravis/Text.h"
 
 namespace {
 
 using Code = PvResult::Code;
 namespace reg = keocam::bootstrap;
-
-PvResult onlyChannel(unsigned int channel) {
-  if (channel == 0) return {};
-  return keocam::failure(Code::InvalidParameter, "There is no stream channel " + std::to_string(channel) + ".");
-}
 
 // Writes a register that does not have the value yet: a device may start its stream anew when told its destination.
 PvResult ensureRegister(ArvDevice* device, uint32_t address, uint32_t value) {
@@ -40,7 +38,10 @@ PvResult negotiate(ArvDevice* device, keocam::DeviceLink& link, uint32_t fallbac
   PvResult result = keocam::negotiatePacketSize(device, link.details(), fallback_bytes);
   if (receiver && receiver->isOpen() && receiver->packetSize() != keocam::packetSizeSetOn(device)) {
     PvResult created = receiver->create(device);
-    if (!created.IsOK()) return created;
+    if (!created.IsOK()) {
+      keocam::noteOutcome(link.details().address, created);
+      return created;
+    }
   }
   return result;
 }
@@ -58,7 +59,7 @@ PvDeviceGEV* PvLayer::makeDevice(const std::shared_ptr<keocam::DeviceLink>& link
 }
 
 PvResult PvDeviceGEV::NegotiatePacketSize(unsigned int channel, unsigned int fallbackSize) {
-  PvResult result = onlyChannel(channel);
+  PvResult result = keocam::checkChannel(channel);
   if (!result.IsOK()) return result;
   if (fallbackSize > reg::kPacketSizeMask) {
     return keocam::failure(Code::InvalidParameter, "A packet holds at most 65535 bytes.");
@@ -68,9 +69,9 @@ PvResult PvDeviceGEV::NegotiatePacketSize(unsigned int channel, unsigned int fal
 }
 
 PvResult PvDeviceGEV::SetStreamDestination(const PvString& address, unsigned short port, unsigned int channel) {
-  PvResult result = onlyChannel(channel);
+  PvResult result = keocam::checkChannel(channel);
   if (!result.IsOK()) return result;
-  const std::string text = address.GetAscii() != nullptr ? address.GetAscii() : "";
+  const std::string text = keocam::textOf(address);
   const auto destination = keocam::parseIpv4(text);
   if (!destination) {
     return keocam::failure(Code::InvalidParameter, "'" + text + "' is no IPv4 address in dotted form.");

@@ -6,6 +6,7 @@
 #include "pv/aravis/ControlProbe.h"
 #include "pv/aravis/DeviceRegistry.h"
 #include "pv/aravis/DisplayName.h"
+#include "pv/aravis/LastFailures.h"
 #include "pv/aravis/PvLayer.h"
 
 PvDeviceInfo::PvDeviceInfo(std::unique_ptr<State> state) : state_(std::move(state)) {}
@@ -26,6 +27,8 @@ std::unique_ptr<PvDeviceInfo> PvLayer::makeDeviceInfo(const keocam::DeviceDetail
 namespace keocam {
 
 DeviceDetails detailsOf(const PvDeviceInfo& info) { return PvLayer::details(info); }
+
+PvResult lastFailureOf(const PvDeviceInfo& info) { return notedFailure(PvLayer::details(info).address); }
 
 DeviceUse useOf(const PvDeviceInfo& info) {
   const DeviceDetails& device = PvLayer::details(info);

@@ -6,6 +6,7 @@
 #include "pv/aravis/Error.h"
 #include "pv/aravis/FeatureWrites.h"
 #include "pv/aravis/PvLayer.h"
+#include "pv/aravis/Text.h"
 
 namespace {
 
@@ -17,12 +18,10 @@ class OtherParameter : public PvGenParameter {
   OtherParameter() = default;
 };
 
-std::string textOf(const PvString& text) { return text.GetAscii() != nullptr ? text.GetAscii() : ""; }
-
 // `write` is called with the device and the feature's name, on the working thread.
 template <typename Write>
 PvResult onFeature(const std::shared_ptr<keocam::DeviceLink>& link, const PvString& name, Write write) {
-  return link->run([feature = textOf(name), write](ArvDevice* device) { return write(device, feature); });
+  return link->run([feature = keocam::textOf(name), write](ArvDevice* device) { return write(device, feature); });
 }
 
 }  // namespace
@@ -54,12 +53,16 @@ std::unique_ptr<PvGenParameterArray> PvLayer::makeParameters(const std::shared_p
   return std::unique_ptr<PvGenParameterArray>(new PvGenParameterArray(std::move(state)));
 }
 
-PvGenParameter* PvGenParameterArray::Get(const PvString& name) {
-  const std::string feature = textOf(name);
-  const std::lock_guard<std::mutex> lock(state_->mutex);
-  const auto known = state_->known.find(feature);
-  if (known != state_->known.end()) return known->second.get();
+PvGenParameter* PvGenParameterArray::State::find(const std::string& feature) {
+  const std::lock_guard<std::mutex> lock(mutex);
+  const auto entry = known.find(feature);
+  return entry != known.end() ? entry->second.get() : nullptr;
+}
 
+// The device is asked without the lock, so that threads do not wait for each other's questions.
+PvGenParameter* PvGenParameterArray::Get(const PvString& name) {
+  const std::string feature = keocam::textOf(name);
+  if (PvGenParameter* const known = state_->find(feature)) return known;
   const auto kind = std::make_shared<Kind>(Kind::Missing);
   const PvResult asked = state_->link->run([feature, kind](ArvDevice* device) {
     ArvGcNode* const node = arv_device_get_feature(device, feature.c_str());
@@ -67,7 +70,9 @@ PvGenParameter* PvGenParameterArray::Get(const PvString& name) {
     return PvResult();
   });
   if (!asked.IsOK() || *kind == Kind::Missing) return nullptr;
+  const std::lock_guard<std::mutex> lock(state_->mutex);
   std::unique_ptr<PvGenParameter>& parameter = state_->known[feature];
+  if (parameter) return parameter.get();  // Another thread asked at the same time.
   if (*kind == Kind::Command) {
     parameter = PvLayer::makeCommand(state_->link, feature);
   } else {
@@ -77,7 +82,7 @@ PvGenParameter* PvGenParameterArray::Get(const PvString& name) {
 }
 
 PvResult PvGenParameterArray::SetEnumValue(const PvString& name, const PvString& value) {
-  return onFeature(state_->link, name, [entry = textOf(value)](ArvDevice* device, const std::string& feature) {
+  return onFeature(state_->link, name, [entry = keocam::textOf(value)](ArvDevice* device, const std::string& feature) {
     return keocam::writeEnumeration(device, feature, entry);
   });
 }

@@ -44,6 +44,8 @@ struct PvGenParameterArray::State {
   std::shared_ptr<keocam::DeviceLink> link;
   std::mutex mutex;
   std::map<std::string, std::unique_ptr<PvGenParameter>> known;  // Guarded by mutex.
+
+  PvGenParameter* find(const std::string& feature);
 };
 
 struct PvDevice::State {

@@ -79,8 +79,8 @@ PvResult PvPipeline::SetBufferSize(unsigned int size) {
 PvResult PvPipeline::Start() {
   if (!state_->receiver) return keocam::failure(Code::InvalidParameter, "The pipeline has no stream.");
   const auto payload_bytes = std::make_shared<int64_t>(0);
-  PvResult asked = state_->link->run(
-      [payload_bytes](ArvDevice* device) { return keocam::readInteger(device, "PayloadSize", *payload_bytes); });
+  PvResult asked =
+      state_->link->run([payload_bytes](ArvDevice* device) { return keocam::readPayloadSize(device, *payload_bytes); });
   if (!asked.IsOK()) return asked;
 
   const std::lock_guard<std::mutex> lock(state_->mutex);

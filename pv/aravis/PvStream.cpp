@@ -6,7 +6,9 @@
 #include "PvStreamGEV.h"
 #include "pv/aravis/DeviceRegistry.h"
 #include "pv/aravis/Error.h"
+#include "pv/aravis/LastFailures.h"
 #include "pv/aravis/PvLayer.h"
+#include "pv/aravis/Text.h"
 
 namespace {
 
@@ -42,7 +44,7 @@ PvResult open(const std::shared_ptr<keocam::DeviceLink>& link,
 PvStream* PvStream::CreateAndOpen(const PvString& connectionID, PvResult* result) {
   PvResult unused;
   PvResult& outcome = result != nullptr ? *result : unused;
-  const std::string address = connectionID.GetAscii() != nullptr ? connectionID.GetAscii() : "";
+  const std::string address = keocam::textOf(connectionID);
   const auto link = keocam::connectedDevice(address);
   if (!link) {
     outcome = keocam::failure(Code::NotConnected, "No connected device has the connection identifier '" + address +
@@ -50,7 +52,9 @@ PvStream* PvStream::CreateAndOpen(const PvString& connectionID, PvResult* result
     return nullptr;
   }
   const auto receiver = std::make_shared<keocam::StreamReceiver>();
+  keocam::noteOutcome(address, {});
   outcome = open(link, receiver);
+  if (!outcome.IsOK()) keocam::noteOutcome(address, outcome);
   return outcome.IsOK() ? PvLayer::makeStream(link, receiver) : nullptr;
 }
 

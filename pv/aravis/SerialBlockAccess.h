@@ -1,4 +1,5 @@
-// A serial port through file access registers that lie side by side: one write and one read of memory per operation.
+// A serial port through file access registers that lie side by side: an operation is one write of memory and, once it
+// is done, one read.
 #pragma once
 
 #include <optional>
@@ -18,7 +19,7 @@ namespace keocam {
 /// A write from +0C on sets an operation off once all of its words are stored.
 class SerialBlockAccess : public SerialAccess {
  public:
-  /// Whether the device has the block, and names the operations.
+  /// Whether the device has the block.
   static bool offeredBy(ArvDevice* device);
 
   explicit SerialBlockAccess(std::string port);

@@ -43,9 +43,9 @@ struct Transfer {
 
 }  // namespace
 
-SerialConnection::SerialConnection(std::shared_ptr<DeviceLink> link, std::shared_ptr<SerialAccess> access,
-                                   SerialTiming timing)
-    : link_(std::move(link)), access_(std::move(access)), timing_(timing) {}
+SerialConnection::SerialConnection(std::shared_ptr<DeviceLink> link, std::unique_ptr<HeldPorts::Hold> hold,
+                                   std::shared_ptr<SerialAccess> access, SerialTiming timing)
+    : link_(std::move(link)), hold_(std::move(hold)), access_(std::move(access)), timing_(timing) {}
 
 std::unique_ptr<SerialConnection> SerialConnection::open(const std::shared_ptr<DeviceLink>& link,
                                                          const std::string& port, PvResult& result, Chooser choose) {
@@ -53,6 +53,12 @@ std::unique_ptr<SerialConnection> SerialConnection::open(const std::shared_ptr<D
     std::shared_ptr<SerialAccess> access;
     SerialTiming timing{};
   };
+  auto hold = HeldPorts::take(link->heldPorts(), port);
+  if (!hold) {
+    result = failure(Code::InUse,
+                     "This program has the serial port of " + link->name() + " open already; close it there first.");
+    return nullptr;
+  }
   const auto opened = std::make_shared<Opened>();
   result = link->run([opened, port, choose](ArvDevice* device) {
     PvResult outcome;
@@ -62,7 +68,7 @@ std::unique_ptr<SerialConnection> SerialConnection::open(const std::shared_ptr<D
     return opened->access->open(device);
   });
   if (!result.IsOK()) return nullptr;
-  return std::unique_ptr<SerialConnection>(new SerialConnection(link, opened->access, opened->timing));
+  return std::unique_ptr<SerialConnection>(new SerialConnection(link, std::move(hold), opened->access, opened->timing));
 }
 
 PvResult SerialConnection::close() {

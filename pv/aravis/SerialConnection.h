@@ -8,6 +8,7 @@
 
 #include "PvResult.h"
 #include "pv/aravis/DeviceLink.h"
+#include "pv/aravis/HeldPorts.h"
 #include "pv/aravis/SerialAccess.h"
 #include "pv/aravis/SerialTiming.h"
 
@@ -18,7 +19,8 @@ class SerialConnection {
  public:
   using Chooser = std::unique_ptr<SerialAccess> (*)(ArvDevice*, const std::string& port, PvResult& result);
 
-  /// Null on failure, with the reason in `result`.
+  /// Null on failure, with the reason in `result`: InUse while this program has the port open already. The port is
+  /// this program's until the connection ends.
   static std::unique_ptr<SerialConnection> open(const std::shared_ptr<DeviceLink>& link, const std::string& port,
                                                 PvResult& result, Chooser choose = chooseSerialAccess);
 
@@ -30,11 +32,13 @@ class SerialConnection {
  private:
   using Clock = std::chrono::steady_clock;
 
-  SerialConnection(std::shared_ptr<DeviceLink> link, std::shared_ptr<SerialAccess> access, SerialTiming timing);
+  SerialConnection(std::shared_ptr<DeviceLink> link, std::unique_ptr<HeldPorts::Hold> hold,
+                   std::shared_ptr<SerialAccess> access, SerialTiming timing);
   PvResult look(uint32_t& count, std::chrono::milliseconds limit);
   PvResult take(uint8_t* data, uint32_t size, uint32_t& count);
 
   std::shared_ptr<DeviceLink> link_;
+  std::unique_ptr<HeldPorts::Hold> hold_;
   std::shared_ptr<SerialAccess> access_;  // Shared with jobs that their caller may leave behind.
   SerialTiming timing_;
 };

@@ -13,7 +13,8 @@ PvResult openFile(ArvDevice* device, const std::string& port,
   if (!result.IsOK()) return result;
   result = perform("Open");
   if (result.GetCode() != PvResult::Code::GenericError) return result;
-  // A connection whose end got lost, such as one given up during a silence of the device, may have left it open.
+  // A connection whose end got lost, such as one given up during a silence of the device, may have left it open. It is
+  // none that lives: this program opens a port once at a time, and other hosts have no control over the device.
   static_cast<void>(perform("Close"));
   return perform("Open");
 }

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "pv/aravis/Error.h"
+#include "pv/aravis/Features.h"
 #include "pv/aravis/GvcpClient.h"
 #include "pv/aravis/SocketBuffer.h"
 
@@ -41,10 +42,11 @@ std::string interfaceAddress(ArvDevice* device) {
   return text.get();
 }
 
+// 0 if the device does not tell; the pipeline asks again when it starts.
 uint64_t payloadOf(ArvDevice* device) {
-  GErrorPtr error;
-  const gint64 size = arv_device_get_integer_feature_value(device, "PayloadSize", error.out());
-  return error || size < 0 ? 0 : static_cast<uint64_t>(size);
+  int64_t size_bytes = 0;
+  const PvResult result = readPayloadSize(device, size_bytes);
+  return result.IsOK() ? static_cast<uint64_t>(std::max<int64_t>(size_bytes, 0)) : 0;
 }
 
 }  // namespace

@@ -15,8 +15,9 @@
 
 namespace keocam {
 
-/// Created and closed on the device's working thread; every other member may be called from any thread. None runs
-/// Aravis calls that reach the device, so none can be held up by a dead one.
+/// create() and close() are for the device's working thread, since a dead device can hold them up for seconds. Every
+/// other member may be called from any thread and asks the device nothing; start() and stop() wait for a create() that
+/// is under way, the others for nobody.
 ///
 /// The receiving thread runs from create() to close(), also between stop() and start(), then without buffers: packets
 /// that come while stopped are thus taken from the socket and forgotten, where they would otherwise wait in it and be

@@ -1,6 +1,9 @@
 // Connecting to a device and giving it back.
 #include <gtest/gtest.h>
 
+#include <array>
+#include <thread>
+
 #include "pv/aravis/PvLayer.h"
 #include "tests/pv/TestCamera.h"
 
@@ -93,6 +96,32 @@ TEST(Connect, Disconnect_GivesControlBackAndCallsEnd) {
   EXPECT_EQ(connection.features().SetIntegerValue("Width", 64).GetCode(), Code::NotConnected);
   EXPECT_EQ(connection.device->GetPayloadSize(), 0);
   EXPECT_EQ(connection.pipeline->Start().GetCode(), Code::NotConnected);
+}
+
+// Devices' descriptions are read by code that is not made for several threads.
+TEST(Connect, FourDevicesFromFourThreads_AllConnectAndOpenStreamsTenTimes) {
+  constexpr std::size_t kDevices = 4;
+  std::array<std::unique_ptr<simulator::SimulatedCamera>, kDevices> cameras;
+  for (std::size_t index = 0; index < kDevices; ++index) {
+    auto options = pv_test::smallCamera();
+    options.address = "127.0.0." + std::to_string(20 + index);
+    options.serial = "KEOD30" + std::to_string(20 + index);
+    cameras.at(index) = std::make_unique<simulator::SimulatedCamera>(options);
+  }
+  for (int round = 0; round < 10; ++round) {
+    std::array<std::unique_ptr<pv_test::Connection>, kDevices> connections;
+    std::array<std::thread, kDevices> threads;
+    for (std::size_t index = 0; index < kDevices; ++index) {
+      threads.at(index) = std::thread(
+          [&, index] { connections.at(index) = std::make_unique<pv_test::Connection>(cameras.at(index)->options()); });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (std::size_t index = 0; index < kDevices; ++index) {
+      ASSERT_TRUE(connections.at(index)->ok()) << "round " << round << ", device " << index;
+      EXPECT_EQ(connections.at(index)->device->GetPayloadSize(), 160 * 120 * 2);
+      EXPECT_TRUE(cameras.at(index)->controlled());
+    }
+  }
 }
 
 TEST(Connect, TwentyTimes_LeaveNoDescriptorAndNoThread) {

@@ -122,6 +122,38 @@ TEST(GvcpClient, ReadRegister_PendingAnswer_WaitsOn) {
   EXPECT_LT(took_ms, 500 + 2 * pv_test::kScheduling_ms);
 }
 
+TEST(GvcpClient, ReadRegister_PendingAnswerOfLessThanTheWait_DoesNotShortenIt) {
+  const Peer peer([](const Datagram& command) {
+    return std::vector<Datagram>{answerTo(command, 0, 0x89, {0, 0, 0x00, 0x0A})};
+  });
+  std::optional<RegisterAnswer> answer;
+  const double took_ms = pv_test::durationOf([&] { answer = ask(milliseconds(200)); });
+  EXPECT_FALSE(answer);
+  EXPECT_GE(took_ms, 199);
+}
+
+TEST(GvcpClient, Waited_PatienceIncluded_IsWhatTheQuestionTook) {
+  const Peer peer([](const Datagram& command) {
+    return std::vector<Datagram>{answerTo(command, 0, 0x89, {0, 0, 0xFF, 0xFF})};
+  });
+  keocam::GvcpClient client;
+  ASSERT_TRUE(client.open(kLoopback, kPeer));
+  EXPECT_FALSE(client.readRegister(keocam::bootstrap::kControlPrivilege, milliseconds(50), milliseconds(300)));
+  EXPECT_EQ(client.waited(), milliseconds(300));
+  EXPECT_FALSE(client.readRegister(keocam::bootstrap::kControlPrivilege, milliseconds(50)));
+  EXPECT_EQ(client.waited(), milliseconds(50));
+}
+
+TEST(ControlProbe, DeviceThatAsksForPatience_IsNoAnswerWithinItsLimit) {
+  const Peer peer([](const Datagram& command) {
+    return std::vector<Datagram>{answerTo(command, 0, 0x89, {0, 0, 0xFF, 0xFF})};
+  });
+  ControlState state = ControlState::Free;
+  const double took_ms = pv_test::durationOf([&] { state = keocam::probeControl(kLoopback, kPeer); });
+  EXPECT_EQ(state, ControlState::NoAnswer);
+  EXPECT_LT(took_ms, 700 + pv_test::kScheduling_ms);
+}
+
 TEST(GvcpClient, ReadRegister_NobodyThere_WaitsAsAsked) {
   std::optional<RegisterAnswer> answer;
   const double took_ms = pv_test::durationOf([&] { answer = ask(milliseconds(100)); });

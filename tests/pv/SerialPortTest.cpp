@@ -125,11 +125,30 @@ TEST_F(SerialPortTest, Open_AbsentPorts_AreNotFound) {
   EXPECT_EQ(port_.Open(&nobody, PvDeviceSerialBulk0).GetCode(), Code::InvalidParameter);
 }
 
+// Opens the port behind the library's back, as a connection does whose end got lost.
+void leaveOpen(PvDevice& device) {
+  ASSERT_TRUE(
+      PvLayer::link(device)->run([](ArvDevice* raw) { return keocam::SerialFeatureAccess("Bulk0").open(raw); }).IsOK());
+}
+
 TEST_F(SerialPortTest, Open_LeftOpenBefore_OpensAllTheSame) {
-  PvDeviceSerialPort forgotten;
-  ASSERT_TRUE(forgotten.Open(adapter_.get(), PvDeviceSerialBulk0).IsOK());
+  leaveOpen(*connection_.device);
   ASSERT_TRUE(port_.Open(adapter_.get(), PvDeviceSerialBulk0).IsOK());
   echo(12);
+}
+
+TEST_F(SerialPortTest, Open_OpenInThisProgram_IsInUseAndTheFirstGoesOn) {
+  PvDeviceSerialPort second;
+  ASSERT_TRUE(port_.Open(adapter_.get(), PvDeviceSerialBulk0).IsOK());
+  EXPECT_EQ(second.Open(adapter_.get(), PvDeviceSerialBulk0).GetCode(), Code::InUse);
+  echo(12);
+  EXPECT_TRUE(port_.Close().IsOK());
+  EXPECT_TRUE(second.Open(adapter_.get(), PvDeviceSerialBulk0).IsOK());
+}
+
+TEST_F(SerialPortTest, Open_Failed_LeavesThePortFree) {
+  EXPECT_EQ(port_.Open(adapter_.get(), PvDeviceSerial0).GetCode(), Code::NotFound);
+  EXPECT_EQ(port_.Open(adapter_.get(), PvDeviceSerial0).GetCode(), Code::NotFound);
 }
 
 TEST_F(SerialPortTest, LostAcknowledgements_WriteEveryByteOnce) {
