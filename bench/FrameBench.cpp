@@ -101,7 +101,8 @@ int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
 
-  const test_support::ChildProcess simulator({KEOCAM_SIMULATOR, "--address", kAddress, "--fps", kFramesPerSecond});
+  const test_support::ChildProcess simulator({KEOCAM_SIMULATOR, "--address", kAddress, "--fps", kFramesPerSecond},
+                                             test_support::ChildProcess::Written::Discarded);
   // The library's progress lines are not part of the table.
   std::ostream table(std::cout.rdbuf());
   std::cout.rdbuf(nullptr);

@@ -7,13 +7,12 @@
 
 #include "apps/keocam/CommandFailure.h"
 #include "apps/keocam/terminal/PrintableText.h"
+#include "pv/aravis/Text.h"
 
 namespace keocam::cli {
 namespace {
 
 constexpr std::size_t kMostAskedAtOnce = 16;
-
-std::string textOf(const PvString& text) { return text.GetAscii() != nullptr ? text.GetAscii() : "unknown reason"; }
 
 }  // namespace
 

@@ -6,30 +6,10 @@
 
 #include "apps/keocam/CameraChoice.h"
 #include "apps/keocam/CommandFailure.h"
-#include "apps/keocam/terminal/PrintableText.h"
+#include "apps/keocam/ConnectFailure.h"
+#include "pv/aravis/Text.h"
 
 namespace keocam::cli {
-namespace {
-
-CommandFailure inUse(const DeviceDetails& camera) {
-  return {ExitStatus::InUse,
-          nameOf(camera) +
-              " is in use by another program or host. End that one first; the camera is free again a few "
-              "seconds after it has gone."};
-}
-
-CommandFailure noAnswer(const DeviceDetails& camera) {
-  return {ExitStatus::LinkLost, nameOf(camera) + " does not answer any more. Check its power and its cable" +
-                                    (camera.in_subnet ? "." : ", and its address: " + subnetAdvice(camera))};
-}
-
-CommandFailure unknown(const DeviceDetails& camera) {
-  return {ExitStatus::Failure, nameOf(camera) +
-                                   " answers, but the connection or its stream could not be opened. Run it again with "
-                                   "--verbose to see how far it got."};
-}
-
-}  // namespace
 
 CameraSession::CameraSession(const PvDeviceInfo* info, DeviceDetails details, const CalibrationEntry& calibration)
     : info_(info),
@@ -46,7 +26,6 @@ CameraSession::~CameraSession() {
 }
 
 void CameraSession::connect() {
-  if (useOf(*info_) == DeviceUse::OtherHost) throw inUse(details_);
   try {
     if (camera_.Connect() == 0) return;
   } catch (const std::logic_error&) {
@@ -57,16 +36,10 @@ void CameraSession::connect() {
             " cannot be connected to: its serial number must have three characters, a class letter and "
             "a number, like \"KEOD2001\".");
   }
-  switch (useOf(*info_)) {
-    case DeviceUse::OtherHost:
-      throw inUse(details_);
-    case DeviceUse::NoAnswer:
-      throw noAnswer(details_);
-    case DeviceUse::Free:
-    case DeviceUse::ThisProcess:
-      break;
-  }
-  throw unknown(details_);
+  const PvResult reason = lastFailureOf(*info_);
+  // Without a reason the connection was made and is gone again.
+  const PvResult::Code code = reason.IsOK() ? PvResult::Code::NotConnected : reason.GetCode();
+  throw connectFailure(details_, code, textOf(reason.GetDescription()));
 }
 
 }  // namespace keocam::cli

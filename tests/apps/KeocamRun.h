@@ -5,11 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "ChildProcess.h"
+#include "tests/support/ChildProcess.h"
 
 namespace keocam::cli {
 
 using namespace std::chrono_literals;
+using test_support::ChildProcess;
 using Arguments = std::vector<std::string>;
 
 // Far above what anything takes here; a slow machine must not fail a test.

@@ -24,7 +24,8 @@ std::unique_ptr<CameraCenter> centerWithFakeCamera(const test_support::ChildProc
 }
 
 TEST(FakeCamera, ListConnectStream_FiftyFrames) {
-  const test_support::ChildProcess fake({"arv-fake-gv-camera-0.8", "-i", "127.0.0.1", "-s", kSerial});
+  const test_support::ChildProcess fake({"arv-fake-gv-camera-0.8", "-i", "127.0.0.1", "-s", kSerial},
+                                        test_support::ChildProcess::Written::Discarded);
   const auto center = centerWithFakeCamera(fake);
   ASSERT_EQ(center->cameras.size(), 1u);
   Camera& camera = *center->cameras[0];

@@ -15,7 +15,8 @@ simulator::CameraOptions fakeOptions() {
 }
 
 TEST(FakeCamera, ListConnectAndStreamFiftyFrames) {
-  const test_support::ChildProcess fake({"arv-fake-gv-camera-0.8", "-i", "127.0.0.1", "-s", "KEOD0001"});
+  const test_support::ChildProcess fake({"arv-fake-gv-camera-0.8", "-i", "127.0.0.1", "-s", "KEOD0001"},
+                                        test_support::ChildProcess::Written::Discarded);
   PvSystem system;
   const auto listed = [&] {
     static_cast<void>(system.Find());
