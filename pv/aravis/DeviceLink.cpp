@@ -11,6 +11,7 @@
 #include "pv/aravis/GvcpClient.h"
 #include "pv/aravis/LastFailures.h"
 #include "pv/aravis/NetworkInterfaces.h"
+#include "pv/aravis/OpeningTurn.h"
 #include "pv/aravis/StreamOptions.h"
 #include "pv/aravis/StreamReceiver.h"
 
@@ -31,14 +32,6 @@ std::string routingHint(const DeviceDetails& device) {
   const auto address = parseIpv4(device.address);
   if (!address || interfacesInSubnet(listInterfaces(), *address).size() < 2) return {};
   return " Several interfaces of this host share its subnet; give each a subnet of its own.";
-}
-
-// Aravis reads a device's description with tables that the whole process shares and nothing guards: of two devices
-// opened at the same time, each may get half a description, or the process its end. So they are opened one by one. The
-// mutex is never destroyed, since a thread of a device that died may outlive main().
-std::timed_mutex& openingMutex() {
-  static auto* const mutex = new std::timed_mutex;
-  return *mutex;
 }
 
 }  // namespace
@@ -82,8 +75,9 @@ PvResult DeviceLink::openDevice() {
   GErrorPtr error;
   GObjectPtr<ArvDevice> device;
   {
-    const std::unique_lock<std::timed_mutex> turn(openingMutex(), kTurnLimit_ms);
-    if (!turn) return failure(Code::Timeout, name() + " was not opened: another device, being opened, is silent.");
+    const OpeningTurn turn(kTurnLimit_ms);
+    if (!turn.taken())
+      return failure(Code::Timeout, name() + " was not opened: another device, being opened, is silent.");
     device.reset(arv_gv_device_new(interface.get(), address.get(), error.out()));
   }
   if (error) return resultOf(error, "Opening " + name());
