@@ -7,13 +7,17 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <exception>
 #include <iostream>
+#include <stdexcept>
 
 #include "simulator/Clock.h"
 #include "simulator/CommandLine.h"
 #include "simulator/ConsoleCommands.h"
+#include "simulator/ConsoleInput.h"
 
 namespace {
 
@@ -21,14 +25,23 @@ using namespace simulator;
 
 constexpr std::size_t kLongestLine = 4096;
 
-/// SIGINT and SIGTERM as a file descriptor. Made before any thread starts, so that all of them leave the signals to it.
+bool isIgnored(int signal) {
+  struct sigaction action {};
+  return ::sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
+/// The signals that end the program, as a file descriptor. Made before any thread starts, so that all of them leave the
+/// signals to it. A SIGHUP that nohup(1) had ignored stays ignored: the descriptor would report it all the same.
 int openSignals() {
   sigset_t signals;
   sigemptyset(&signals);
   sigaddset(&signals, SIGINT);
   sigaddset(&signals, SIGTERM);
+  if (!isIgnored(SIGHUP)) sigaddset(&signals, SIGHUP);
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-  return signalfd(-1, &signals, SFD_CLOEXEC);
+  const int fd = signalfd(-1, &signals, SFD_CLOEXEC);
+  if (fd < 0) throw std::runtime_error(std::string("cannot wait for signals: ") + std::strerror(errno));
+  return fd;
 }
 
 /// Executes the complete lines of `input` and leaves the rest; true when one of them asked to quit.
@@ -46,27 +59,24 @@ bool executeLines(std::string& input, const Cameras& cameras) {
   return false;
 }
 
-int remainingMs(uint64_t end_ns) {
-  if (end_ns == kNever) return -1;
+int waitMs(uint64_t until_ns) {
+  if (until_ns == kNever) return -1;
   const uint64_t now_ns = monotonicNs();
-  if (now_ns >= end_ns) return 0;
-  return static_cast<int>(std::min<uint64_t>((end_ns - now_ns) / kNanosecondsPerMillisecond + 1, 1'000'000));
+  if (now_ns >= until_ns) return 0;
+  return static_cast<int>(std::min<uint64_t>((until_ns - now_ns) / kNanosecondsPerMillisecond + 1, 1'000'000));
 }
 
+/// Returns at a signal, at the command to quit and at `end_ns`. The end of the input ends nothing: the cameras stay.
 void serve(int signals, uint64_t end_ns, const Cameras& cameras) {
-  std::array<pollfd, 2> sources{{{signals, POLLIN, 0}, {STDIN_FILENO, POLLIN, 0}}};
+  ConsoleInput console(STDIN_FILENO);
   std::string input;
-  while (monotonicNs() < end_ns) {
-    ::poll(sources.data(), sources.size(), remainingMs(end_ns));
+  for (uint64_t now_ns = monotonicNs(); now_ns < end_ns; now_ns = monotonicNs()) {
+    std::array<pollfd, 2> sources{{{signals, POLLIN, 0}, {console.pollFd(now_ns), POLLIN, 0}}};
+    const int ready = ::poll(sources.data(), sources.size(), waitMs(std::min(end_ns, console.retryNs(now_ns))));
+    if (ready < 0 && errno != EINTR) throw std::runtime_error(std::string("cannot wait: ") + std::strerror(errno));
+    if (ready <= 0) continue;
     if (sources[0].revents != 0) return;
-    if (sources[1].revents == 0) continue;
-    std::array<char, 1024> piece;
-    const ssize_t size = ::read(STDIN_FILENO, piece.data(), piece.size());
-    if (size <= 0) {
-      sources[1].fd = -1;  // Nobody will type any more; the cameras stay.
-      continue;
-    }
-    input.append(piece.data(), static_cast<std::size_t>(size));
+    console.receive(monotonicNs(), input);
     if (executeLines(input, cameras)) return;
   }
 }
