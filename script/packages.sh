@@ -7,6 +7,7 @@ test_packages="libgtest-dev libgmock-dev aravis-tools aravis-tools-cli iproute2 
 demo_packages="iproute2 util-linux"
 bench_packages="libbenchmark-dev"
 format_packages="clang-format"
+lint_packages="clang-tidy"
 arm64_packages="g++-aarch64-linux-gnu qemu-user-static libaravis-dev:arm64 libusb-1.0-0-dev:arm64 libgtest-dev:arm64 libgmock-dev:arm64"
 
 # Which of the packages named are not installed.
