@@ -57,7 +57,7 @@ TEST_F(DeviceUnderControl, Heartbeat_CommandsThatDoNotCount_LetControlExpire) {
 }
 
 TEST_F(DeviceUnderControl, NextTick_IsTheHeartbeatsEnd) {
-  EXPECT_EQ(bench.device.nextTickNs(), bench.now_ns + 3000U * 1'000'000U);
+  EXPECT_EQ(bench.device.nextTickNs(), bench.now_ns + uint64_t{3000} * 1'000'000);
 }
 
 TEST_F(DeviceUnderControl, ControlPrivilege_GivenBack_IsFreeForOthers) {

@@ -49,7 +49,7 @@ TEST(Scene, Window_IsTheTopLeftOfTheWholePicture) {
   const Scene scene(settingsOf({160, 128}));
   const auto whole = scene.render(160, 128, 42);
   const auto window = scene.render(100, 70, 42);
-  for (uint32_t y = 0; y < 70; ++y) {
+  for (std::ptrdiff_t y = 0; y < 70; ++y) {
     ASSERT_TRUE(std::equal(window.begin() + y * 100, window.begin() + (y + 1) * 100, whole.begin() + y * 160)) << y;
   }
 }
