@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 #include "pv/aravis/NetworkInterfaces.h"
@@ -149,7 +150,13 @@ TEST(NegotiatePacketSize, OnLoopback_IsTheDevicesLargest) {
   EXPECT_TRUE(connection.pipeline->RetrieveNextBuffer(&buffer, 2000, &fared).IsOK());
 }
 
-// Sets the MTU of loopback for a test, where the test has a network namespace of its own to do that in.
+// Whether loopback is the test's own, to be changed, and not the machine's. script/in-namespace says so.
+bool hasOwnNamespace() {
+  const char* const kind = std::getenv("KEOCAM_IN_NAMESPACE");
+  return kind != nullptr && std::string(kind) == "own";
+}
+
+// Sets the MTU of loopback for a test.
 class LoopbackMtu {
  public:
   explicit LoopbackMtu(int mtu_bytes) { set(mtu_bytes); }
@@ -167,9 +174,11 @@ class LoopbackMtu {
 };
 
 TEST(NegotiatePacketSize, MtuBelowTheDevicesLargest_IsNeverExceeded) {
+  // The machine's own loopback is left alone: the search within an MTU is tested above without a network as well.
+  if (!hasOwnNamespace()) GTEST_SKIP() << "needs a network namespace of its own";
   for (const int mtu_bytes : {1500, 4000}) {
     const LoopbackMtu mtu(mtu_bytes);
-    if (!mtu.ok()) GTEST_SKIP() << "the MTU of loopback cannot be set here";
+    ASSERT_TRUE(mtu.ok()) << "the MTU of loopback cannot be set";
     const simulator::SimulatedCamera camera(pv_test::smallCamera());
     pv_test::Connection connection(camera.options());
     ASSERT_TRUE(connection.ok());
