@@ -8,7 +8,7 @@
 
 #include "PvDeviceGEV.h"
 #include "PvStreamGEV.h"
-#include "camera/Log.h"
+#include "base/Log.h"
 #include "camera/SystemClock.h"
 
 namespace {

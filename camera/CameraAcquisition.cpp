@@ -1,8 +1,8 @@
 // Acquisition: starting, stopping, and handing frames out.
 #include <time.h>
 
+#include "base/Log.h"
 #include "camera/Camera.h"
-#include "camera/Log.h"
 #include "camera/SystemClock.h"
 
 namespace {

@@ -3,8 +3,8 @@
 #include <iostream>
 #include <utility>
 
+#include "base/Log.h"
 #include "calibration/CalibrationSource.h"
-#include "camera/Log.h"
 
 namespace {
 

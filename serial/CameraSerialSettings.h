@@ -1,0 +1,220 @@
+// Control of a camera's thermal core over the serial port that the camera bridges.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "PvDevice.h"
+#include "PvDeviceSerial.h"
+#include "serial/FunctionCodes.h"
+#include "serial/ResponseStatuses.h"
+#include "serial/SettingTypes.h"
+
+/// One object per connected camera; the device must be connected, and its bridge set to the core's 57600 baud, 8N1.
+///
+/// Every operation is one exchange or a few, each of which opens the port, asks, waits for the answer and closes the
+/// port again. It blocks its caller meanwhile, some 20 ms as a rule, up to half a second for a core that is silent.
+/// There is no lock: operations of one camera must not overlap. A failed exchange is reported by a line on standard
+/// error.
+///
+/// Getters cannot say that their exchange failed: they then return what an answer of zeros means. Applications that
+/// need to know use keocam::readSetting and its like in serial/CoreSettings.h and serial/CoreReadings.h, which return
+/// the value together with its status and check the whole answer. In the members here, as applications rely on, the
+/// status byte of an answer alone decides.
+class CameraSerialSettings {
+ public:
+  /// Which temperatures the camera measures.
+  enum RangeModes : uint32_t {
+    LowRange = 0,
+    MiddleRange = 1,
+    HighRange = 2,  ///< +400 to +1500 degrees Celsius
+  };
+
+  /// `device` is not owned and must outlive the last exchange. Nothing is sent.
+  CameraSerialSettings(PvDevice* device, PvDeviceSerial serialPort);
+  virtual ~CameraSerialSettings();
+
+  PvDevice* GetPvDevice();
+  /// Does nothing: the device is the constructor's. Make a new object for another device.
+  void SetPvDevice(PvDevice* device);
+  PvDeviceSerial GetPvDeviceSerial();
+  /// The port that exchanges use from now on.
+  void SetPvDeviceSerial(PvDeviceSerial serialPort);
+
+  /// Whether the start-up sequence tells its steps on standard output. Errors are always told.
+  bool GetDebugMessages();
+  void SetDebugMessages(bool debugMessages);
+
+  /// @name Messages
+  /// CRC-16/XMODEM of `length` bytes with its two bytes exchanged, so that a little-endian host stores it as the wire
+  /// wants it. 0 for a length of 0 or less.
+  unsigned short CalculateCRC(void* data, int length);
+  /// A request of `byteCount` + 10 bytes in a new array, which the caller deletes with delete[]. A null payload stands
+  /// for zeros.
+  unsigned char* prepareMessage(unsigned char functionCode, unsigned short byteCount, unsigned char* payload);
+  /// Sends a request with `byteCount` bytes of payload, waits `waitMicroseconds` (none if negative), then up to 500 ms
+  /// for the answer. Returns it in a new array of 1024 bytes, which the caller deletes with delete[], if the core
+  /// answered CAM_OK, else null. What the answer does not fill is zero.
+  unsigned char* sendMessage(unsigned char* frame, unsigned short byteCount, int waitMicroseconds);
+  /// What the status byte of a reply means; UNKNOWN_ERROR for null. Reads the first two bytes.
+  ResponseStatuses GetResponse(unsigned char* reply);
+  /// The status' name; "UNKNOWN_ERROR" for those above 7.
+  std::string ResponseToString(ResponseStatuses status);
+
+  /// @name Any parameter by its code
+  /// Reads a parameter into `value`: 2 bytes in the host's order, or as many as they come for SERIAL_NUMBER (8),
+  /// VERSION (8), FFC_PERIOD and FFC_TEMP_DELTA (4), ANALOG_VIDEO, TEMPERATURE and SHUTTER_TEMPERATURE (2),
+  /// ISOTHERM_THRESHOLDS (6) and CAMERA_PART_NUMBER (32), big-endian as the core sends them. `value` is left untouched
+  /// on failure, and may be null to drop what comes. TEMPERATURE reads the sensor that `temperatureSensor` tells,
+  /// RADIOMETRY the switch that `radiometrySelector` tells. CAM_NOT_READABLE for commands; UNKNOWN_ERROR for unknown
+  /// codes, for RADIOMETRIC_NONE with RADIOMETRIC_PARAMETER and for an exchange that failed; else the core's status.
+  ResponseStatuses GetParameter(FunctionCodes code, void* value, RadiometricParameters radiometric,
+                                DigitalOutputModes output);
+  /// Writes a parameter from `value`: one byte, a 16-bit number, six bytes for ISOTHERM_THRESHOLDS, two for
+  /// ANALOG_VIDEO; null for a command. CAM_RANGE_ERROR, with nothing sent, for a value that the core would not take,
+  /// for a null value where there must be one, and for selectors out of range; CAM_NOT_WRITABLE and
+  /// CAM_UNDEFINED_FUNCTION_ERROR for codes that cannot be written; UNKNOWN_ERROR for an exchange that failed; else the
+  /// core's status. AGC_TYPE ends the process for 0 to 10, see SetAGCType.
+  ResponseStatuses SetParameter(FunctionCodes code, void* value, RadiometricParameters radiometric,
+                                DigitalOutputModes output);
+
+  /// @name Flat-field correction (FFC)
+  FFCModes GetFFCMode();
+  void SetFFCMode(FFCModes mode);
+  /// Frames from one automatic correction to the next, in the high-gain state; 0 to 30000, 0 for none.
+  unsigned short GetFFCPeriod();
+  ResponseStatuses SetFFCPeriod(unsigned short period);
+  /// The change of the core's temperature that makes an automatic correction; 0 to 10 in the core's own steps.
+  unsigned short GetFFCTempDelta();
+  ResponseStatuses SetFFCTempDelta(unsigned short delta);
+  /// How long before a correction the core's own video warns of it, in frames; 0 to 600.
+  unsigned short GetFFCWarnTime();
+  ResponseStatuses SetFFCWarnTime(unsigned short time);
+
+  /// @name Digital outputs and synchronisation
+  XPBusModes GetXPBusMode();
+  void SetXPBusMode(XPBusModes mode);
+  bool GetLVDSMode();
+  void SetLVDSMode(LVDSModes mode);
+  /// True for DigitalOutputDepth::Bits8 and nothing else. keocam::settings::cmosBitDepth tells all depths apart.
+  bool GetCMOSBitDepth();
+  void SetCMOSBitDepth(DigitalOutputDepth depth);
+  bool GetLVDSBitDepth();
+  /// Bits14 and Bits8 only.
+  void SetLVDSBitDepth(DigitalOutputDepth depth);
+  ExternalSyncModes GetExternalSync();
+  void SetExternalSync(ExternalSyncModes mode);
+  TestPatterns GetTestPattern();
+  void SetTestPattern(TestPatterns pattern);
+
+  /// @name Picture
+  /// One value on the core holds both: each setter reads the other first and, if that fails, takes it for off.
+  bool GetInvertVideo();
+  void SetInvertVideo(bool invert);
+  bool GetRevertVideo();
+  void SetRevertVideo(bool revert);
+
+  /// @name The core's own video. Raw values are not touched by these.
+  Palettes GetPalette();
+  void SetPalette(Palettes palette);
+  /// Always false with a core of today, whether the video is on or off; applications rely on it. The truth is
+  /// keocam::settings::analogVideo.
+  bool GetAnalogVideo();
+  void SetAnalogVideo(bool on);
+  bool GetVideoColorMode();
+  void SetVideoColorMode(VideoColorModes mode);
+  VideoStandards GetVideoStandard();
+  /// A standard that the core has is followed by a flat-field correction, whatever the outcome.
+  void SetVideoStandards(VideoStandards standard);
+  SpotDisplayModes GetSpotDisplayMode();
+  void SetSpotDisplayMode(SpotDisplayModes mode);
+  SpotMeterModes GetSpotMeterMode();
+  void SetSpotMeterMode(SpotMeterModes mode);
+
+  /// @name Gain control and detail of the core's own video
+  AGCTypes GetAGCType();
+  /// Ends the process by SIGSEGV for every type, with nothing sent; a defect that is kept as it is. Applications call
+  /// keocam::writeSetting with keocam::settings::agcType instead.
+  void SetAGCType(AGCTypes type);
+  unsigned short GetContrast();
+  ResponseStatuses SetContrast(unsigned short contrast);  ///< 0 to 255
+  unsigned short GetBrightness();
+  ResponseStatuses SetBrightness(unsigned short brightness);  ///< 0 to 16383
+  short GetBrightnessBias();
+  ResponseStatuses SetBrightnessBias(short bias);
+  unsigned short GetAGCFilter();
+  ResponseStatuses SetAGCFilter(unsigned short filter);  ///< 0 to 255
+  unsigned short GetPlateauLevel();
+  ResponseStatuses SetPlateauLevel(unsigned short level);  ///< 0 to 4095
+  unsigned short GetAGCMidpoint();
+  ResponseStatuses SetAGCMidpoint(unsigned short midpoint);  ///< 0 to 255
+  unsigned short GetMaxACGGain();
+  ResponseStatuses SetMaxACGGain(unsigned short gain);  ///< 0 to 255
+  unsigned short GetDDEGain();
+  ResponseStatuses SetDDEGain(unsigned short gain);
+  /// 4294967040 (-256) if the exchange failed.
+  unsigned int GetSpatialTreshold();
+  ResponseStatuses SetSpatialTreshold(unsigned int threshold);
+
+  /// @name Isotherms
+  /// One block on the core holds unit and thresholds: each setter reads the three others first, in an exchange each,
+  /// and, if that fails, takes them for 0 and percent.
+  ThresholdUnits GetIsothermThresholdUnit();
+  void SetIsothermThresholdUnit(ThresholdUnits unit);
+  short GetIsothermThresholdLower();
+  /// The low byte of `threshold` is sent.
+  ResponseStatuses SetIsothermThresholdLower(short threshold);
+  short GetIsothermThresholdMiddle();
+  ResponseStatuses SetIsothermThresholdMiddle(short threshold);
+  short GetIsothermThresholdUpper();
+  ResponseStatuses SetIsothermThresholdUpper(short threshold);
+
+  /// @name Radiometry
+  /// Asks the core; sets `radiometrySelector` to 0.
+  bool GetRadiometryHighResolutionMode();
+
+  /// @name Commands
+  /// 0 if the core answers, else -1.
+  int DoNothing();
+  /// Starts a flat-field correction; the core answers before it is done.
+  ResponseStatuses DoFFC();
+  /// Makes the present settings those that the core powers up with.
+  ResponseStatuses DoSetDefaults();
+  /// Restarts the core. It answers, and then is silent for seconds.
+  ResponseStatuses DoCameraReset();
+  /// Makes the factory's settings the present ones and those that the core powers up with.
+  ResponseStatuses DoRestoreFactoryDefaults();
+
+  /// @name Temperatures, in degrees Celsius
+  double GetShutterTemperature();
+  /// Also stored in coreTemperature, and the time in coreTemperatureTimer, even if the exchange failed.
+  double GetSensorTemperature();
+  double GetHousingTemperature();
+
+  /// @name Identity
+  unsigned int GetCameraSerialNumber();
+  /// Ends the process after it has read the numbers; a defect that is kept as it is. Applications call
+  /// keocam::readSerialNumbers instead.
+  unsigned int GetSensorSerialNumber();
+  /// The versions come with their two bytes exchanged: 1 reads as 256. keocam::readVersions gives plain numbers.
+  unsigned short GetSWMajorVersion();
+  unsigned short GetSWMinorVersion();
+  unsigned short GetFWMajorVersion();
+  unsigned short GetFWMinorVersion();
+
+  PvDevice* device;
+  PvDeviceSerial serialPort;
+  bool isRadiometric = false;   ///< the core can measure temperatures
+  bool radiometryMode = false;  ///< radiometry is switched on
+  bool radiometryHighResolutionMode = false;
+  std::string cameraPartNumber;     ///< as read from the core
+  std::string partNumber;           ///< as expected for the model
+  bool isSupported = false;         ///< the model is known
+  uint32_t temperatureSensor = 0;   ///< what TEMPERATURE reads: 0 sensor, 1 housing
+  uint32_t radiometrySelector = 1;  ///< what RADIOMETRY means: 0 high resolution, 1 radiometry itself
+  bool debugMessages = false;
+  bool setLensReady = true;  ///< false while a lens change is under way
+  RangeModes rangeMode = LowRange;
+};
+
+using RangeModes = CameraSerialSettings::RangeModes;

@@ -1,0 +1,24 @@
+#include "serial/SerialExchange.h"
+
+namespace keocam {
+
+SerialExchange::SerialExchange(PvDevice* device, PvDeviceSerial port)
+    : adapter_(device), opened_(port_.Open(&adapter_, port).IsOK()) {}
+
+SerialExchange::~SerialExchange() {
+  if (close_) static_cast<void>(port_.Close());
+}
+
+bool SerialExchange::write(const uint8_t* data, std::size_t size) {
+  uint32_t written = 0;
+  return port_.Write(data, static_cast<uint32_t>(size), written).IsOK();
+}
+
+bool SerialExchange::read(ReplyBuffer& reply, uint32_t timeout_ms) {
+  // Neither the outcome nor the count is of use, but some devices move received bytes along only when asked.
+  uint32_t ready = 0;
+  static_cast<void>(port_.GetRxBytesReady(ready));
+  return port_.Read(reply.bytes.data(), static_cast<uint32_t>(reply.bytes.size()), reply.size, timeout_ms).IsOK();
+}
+
+}  // namespace keocam

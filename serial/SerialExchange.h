@@ -1,0 +1,42 @@
+// One connection to the thermal core, for one exchange: nothing stays open between exchanges.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "PvDeviceAdapter.h"
+#include "PvDeviceSerialPort.h"
+#include "serial/Frame.h"
+
+namespace keocam {
+
+/// Adapter and port, made and opened by the constructor. The destructor closes the port and destroys both, the port
+/// first, since it may refer to the adapter. A port that did not open is closed all the same, unless abandoned.
+class SerialExchange {
+ public:
+  /// `device` is not owned and must outlive this object.
+  SerialExchange(PvDevice* device, PvDeviceSerial port);
+  ~SerialExchange();
+  SerialExchange(const SerialExchange&) = delete;
+  SerialExchange& operator=(const SerialExchange&) = delete;
+
+  bool opened() const { return opened_; }
+
+  /// The destructor is not to close the port.
+  void abandon() { close_ = false; }
+
+  /// False if the device did not take the bytes.
+  bool write(const uint8_t* data, std::size_t size);
+
+  /// Asks how many bytes have come, then waits up to `timeout_ms` milliseconds for an answer. False if none came.
+  bool read(ReplyBuffer& reply, uint32_t timeout_ms);
+
+ private:
+  PvDeviceAdapter adapter_;
+  PvDeviceSerialPort port_;
+  bool opened_;
+  bool close_ = true;
+};
+
+}  // namespace keocam
