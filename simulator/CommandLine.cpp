@@ -6,6 +6,7 @@
 #include <map>
 #include <stdexcept>
 
+#include "simulator/CoreArguments.h"
 #include "simulator/UdpSocket.h"
 
 namespace simulator {
@@ -27,6 +28,7 @@ constexpr const char* kFooter =
     "  keocam-simulator --cameras 3 --size 336x256     127.0.0.2, 127.0.0.3 and 127.0.0.4\n"
     "  keocam-simulator --interface eth0 --fps 60      a camera for other hosts of that network\n"
     "  keocam-simulator --loss 10 --late 5 20          1 % of packets lost, 0.5 % come 20 ms late\n"
+    "  keocam-simulator --core-no-answer 1000 3        the thermal core does not answer its first 3 requests\n"
     "\n"
     "While it runs it takes commands on standard input, one a line; \"help\" lists them.\n"
     "Exit: 0 ended as asked, 1 an address cannot be used, 2 wrong options.";
@@ -110,6 +112,7 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
       ->check(CLI::Range(0.0, 1e9))
       ->option_text("S");
   app.add_flag("-q,--quiet", program.quiet, "Say nothing on standard error but errors");
+  CoreArguments core(app);
   addFaultOptions(app, knobs);
   app.add_flag("--ignore-heartbeat", camera.faults.ignore_heartbeat, "Control runs out although the host is alive")
       ->group("Faults");
@@ -117,6 +120,7 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
   try {
     app.parse(argc, argv);
     applyFaults(knobs, camera.faults);
+    core.check();
     camera.sensor = kSizes.at(size);
     camera.uart_pacing = kSwitch.at(pacing);
     nextSerial(camera.serial, count - 1);
@@ -131,6 +135,7 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
     program.cameras.back().address = formatIp(first_ip + i);
     program.cameras.back().serial = nextSerial(camera.serial, i);
     program.cameras.back().seed = camera.seed + i;
+    program.cameras.back().core = core.make(program.cameras.back(), i);
   }
   program.occupied.assign(count, occupied);
   return program;

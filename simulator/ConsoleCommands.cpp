@@ -1,23 +1,17 @@
 #include "simulator/ConsoleCommands.h"
 
 #include <algorithm>
-#include <charconv>
 #include <iomanip>
 #include <optional>
 #include <sstream>
 
+#include "simulator/ConsoleWords.h"
+#include "simulator/CoreConsole.h"
+
 namespace simulator {
 namespace {
 
-using Words = std::vector<std::string>;
 constexpr uint32_t kLongestMs = 3'600'000;
-
-std::optional<uint32_t> numberOf(const std::string& word, uint32_t maximum) {
-  uint32_t value = 0;
-  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), value);
-  if (error != std::errc() || end != word.data() + word.size() || value > maximum) return std::nullopt;
-  return value;
-}
 
 std::optional<bool> switchOf(const Words& arguments) {
   if (arguments.size() != 1 || (arguments[0] != "on" && arguments[0] != "off")) return std::nullopt;
@@ -34,7 +28,7 @@ std::string statusOf(const SimulatedCamera& camera) {
     if (statistics[counter] == 0) continue;
     text << "  " << std::left << std::setw(20) << counterName(counter) << statistics[counter] << '\n';
   }
-  return text.str();
+  return text.str() + coreStatusText(camera);
 }
 
 /// Returns false where the arguments are wrong.
@@ -109,22 +103,13 @@ bool turnKnob(SimulatedCamera& camera, const FaultKnob& knob, const Words& argum
   return true;
 }
 
-std::string usageLine(std::string_view name, std::string_view arguments, std::string_view help) {
-  std::ostringstream text;
-  text << "  " << std::left << std::setw(30) << std::string(name) + " " + std::string(arguments) << help << '\n';
-  return text.str();
-}
-
 std::string helpText() {
   std::string text = "Commands, with a camera's number in front or for all cameras:\n";
   for (const FaultKnob& knob : faultKnobs()) text += usageLine(knob.name, knob.arguments, knob.help);
   for (const Command& command : kCommands) text += usageLine(command.name, command.arguments, command.help);
+  text += coreHelpText();
   text += usageLine("status", "", "Who controls the camera, and all counters that are not 0");
   return text + usageLine("quit", "", "End the program");
-}
-
-std::string wrongArguments(std::string_view name, std::string_view arguments) {
-  return "usage: " + std::string(name) + " " + std::string(arguments) + '\n';
 }
 
 /// Applies one command to one camera; the text says what is wrong, or is the command's output.
@@ -136,6 +121,7 @@ std::string apply(SimulatedCamera& camera, const std::string& name, const Words&
   for (const Command& command : kCommands) {
     if (command.name == name) return command.effect(camera, arguments) ? "" : wrongArguments(name, command.arguments);
   }
+  if (const auto said = executeCoreCommand(camera, name, arguments)) return *said;
   return "unknown command '" + name + "'; \"help\" lists them\n";
 }
 

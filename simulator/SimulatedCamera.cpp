@@ -9,6 +9,7 @@
 #include "simulator/Device.h"
 #include "simulator/StreamSender.h"
 #include "simulator/UdpSocket.h"
+#include "simulator/core/ThermalCore.h"
 
 namespace simulator {
 namespace {
@@ -44,6 +45,9 @@ CameraOptions checked(CameraOptions options) {
   if (!(options.frame_rate_hz >= 1.0 && options.frame_rate_hz <= 1000.0)) {
     throw std::runtime_error("a frame rate of " + std::to_string(options.frame_rate_hz) + " is not in 1 to 1000 Hz");
   }
+  if (options.core && options.uart_peer) {
+    throw std::runtime_error("a camera's UART has one other end: either a core or another peer");
+  }
   if (options.sensor.width < 16 || options.sensor.height < 16 || options.sensor.width > 4096 ||
       options.sensor.height > 4096) {
     throw std::runtime_error("a sensor has 16 to 4096 pixels each way");
@@ -65,6 +69,11 @@ DeviceIdentity identityOf(const CameraOptions& options, const InterfaceAddress& 
   return identity;
 }
 
+std::shared_ptr<UartPeer> peerOf(const CameraOptions& options) {
+  if (options.core) return options.core;
+  return options.uart_peer;
+}
+
 /// The camera's own address, in the subnet of the interface that it lies on.
 InterfaceAddress ownAddress(const CameraOptions& options) {
   const uint32_t ip = parseIp(options.address);
@@ -81,9 +90,8 @@ struct SimulatedCamera::Parts {
       : options(checked(chosen)),
         own(ownAddress(options)),
         faults(options.faults, options.seed),
-        stream(own.ip, sceneOf(options), faults, statistics),
-        device(identityOf(options, own, stream.sourcePort()), stream, options.uart_peer, options.uart_pacing,
-               statistics),
+        stream(own.ip, sceneOf(options), options.core, faults, statistics),
+        device(identityOf(options, own, stream.sourcePort()), stream, peerOf(options), options.uart_pacing, statistics),
         control(own, device, device_mutex, faults, statistics) {}
 
   CameraOptions options;

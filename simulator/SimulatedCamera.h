@@ -13,6 +13,8 @@
 
 namespace simulator {
 
+class ThermalCore;
+
 struct CameraOptions {
   std::string address = "127.0.0.2";    ///< a local IPv4 address of this machine; all of 127.0.0.0/8 is
   std::string serial = "KEOD2001";      ///< at most 15 characters; unique among cameras
@@ -22,6 +24,7 @@ struct CameraOptions {
   uint64_t seed = 1;                    ///< of the scene's noise and of the faults' draws
   bool uart_pacing = true;              ///< false: serial bytes arrive at once, whatever the baud rate
   std::shared_ptr<UartPeer> uart_peer;  ///< null: nothing is connected, bytes to it vanish
+  std::shared_ptr<ThermalCore> core;    ///< at the UART's other end and in the pictures' way; excludes `uart_peer`
   FaultSettings faults;
 };
 
@@ -40,7 +43,9 @@ class SimulatedCamera {
   const CameraOptions& options() const;
   std::string model() const;                  ///< such as "KEOsim-640"
   std::array<uint8_t, 6> macAddress() const;  ///< locally administered, made from the address
-  SceneSettings sceneSettings() const;        ///< Scene(sceneSettings()).render(...) recomputes streamed frames
+  /// Without a core Scene(sceneSettings()).render(...) recomputes streamed frames; with one renderVideo() does, from
+  /// this scene and the core's videoOf() the frame's block.
+  SceneSettings sceneSettings() const;
 
   Faults& faults();
   Statistics statistics() const;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "simulator/Clock.h"
+#include "simulator/core/VideoPicture.h"
 
 namespace simulator {
 namespace {
@@ -18,9 +19,11 @@ uint64_t periodNs(const StreamSettings& settings) {
 
 }  // namespace
 
-StreamSender::StreamSender(uint32_t own_ip, const SceneSettings& scene, Faults& faults, StatisticsBoard& statistics)
+StreamSender::StreamSender(uint32_t own_ip, const SceneSettings& scene, std::shared_ptr<VideoSource> video,
+                           Faults& faults, StatisticsBoard& statistics)
     : socket_(own_ip, 0, Sharing::Exclusive),
       scene_(scene),
+      video_(std::move(video)),
       faults_(faults),
       statistics_(statistics),
       sender_(socket_, statistics),
@@ -161,9 +164,19 @@ std::shared_ptr<const StreamFrame> StreamSender::makeFrame(Lock& lock) {
   frame->timestamp_ns = monotonicNs();
   frame->size = settings.window;
   frame->packet_data_bytes = settings.packet_size_bytes - kGvspOverheadBytes;
-  frame->pixels = scene_.render(settings.window.width, settings.window.height, frame->block_id, settings.pattern);
+  frame->pixels = render(settings, frame->block_id);
   lock.lock();
   return frame;
+}
+
+std::vector<uint16_t> StreamSender::render(const StreamSettings& settings, uint16_t block_id) const {
+  const ImageSize window = settings.window;
+  if (!video_) return scene_.render(window.width, window.height, block_id, settings.pattern);
+  const CoreVideo video = video_->nextVideo(block_id);
+  // The camera's own pattern takes the place of what the core sends.
+  if (settings.pattern != TestPattern::Off)
+    return scene_.render(window.width, window.height, block_id, settings.pattern);
+  return renderVideo(scene_, window.width, window.height, video);
 }
 
 void StreamSender::sendFrame(Lock& lock, const std::shared_ptr<const StreamFrame>& frame, const BurstPlan& plan) {

@@ -12,13 +12,16 @@
 #include "simulator/PacketSender.h"
 #include "simulator/StreamControl.h"
 #include "simulator/StreamPlan.h"
+#include "simulator/VideoSource.h"
 
 namespace simulator {
 
 /// The members of StreamControl are called by the control side; the thread inside never calls back.
 class StreamSender final : public StreamControl {
  public:
-  StreamSender(uint32_t own_ip, const SceneSettings& scene, Faults& faults, StatisticsBoard& statistics);
+  /// `video` may be null: then the pictures are the scene's.
+  StreamSender(uint32_t own_ip, const SceneSettings& scene, std::shared_ptr<VideoSource> video, Faults& faults,
+               StatisticsBoard& statistics);
   ~StreamSender() override;
   StreamSender(const StreamSender&) = delete;
   StreamSender& operator=(const StreamSender&) = delete;
@@ -47,11 +50,13 @@ class StreamSender final : public StreamControl {
   bool waitForFrame(Lock& lock, uint64_t& last_start_ns);
   void sendFrame(Lock& lock, const std::shared_ptr<const StreamFrame>& frame, const BurstPlan& plan);
   std::shared_ptr<const StreamFrame> makeFrame(Lock& lock);
+  std::vector<uint16_t> render(const StreamSettings& settings, uint16_t block_id) const;
   void waitUntil(Lock& lock, uint64_t until_ns);
   void sendDuePackets(Lock& lock, uint64_t now_ns);
 
   UdpSocket socket_;
   const Scene scene_;
+  const std::shared_ptr<VideoSource> video_;
   Faults& faults_;
   StatisticsBoard& statistics_;
   PacketSender sender_;

@@ -1,0 +1,60 @@
+#include "simulator/CoreArguments.h"
+
+#include <stdexcept>
+
+#include "simulator/core/CoreOptionsFor.h"
+
+namespace simulator {
+
+CoreArguments::CoreArguments(CLI::App& app) {
+  constexpr const char* kGroup = "Thermal core";
+  constexpr const char* kFaultGroup = "Faults of the thermal core; FRAMES: so many answers only";
+  auto* none =
+      app.add_flag("--no-core", none_, "Nothing at the other end of the serial port")->option_text(" ")->group(kGroup);
+  app.add_option("--core-part-number", part_number_, "Letter 12 is R or I where it is radiometric [by the size]")
+      ->option_text("TEXT")
+      ->group(kGroup)
+      ->excludes(none);
+  app.add_option("--core-serial", serial_, "First core's serial number; the next count upwards [701001]")
+      ->option_text("N")
+      ->group(kGroup)
+      ->excludes(none);
+  for (std::size_t i = 0; i < kCoreFaultCount; ++i) {
+    const CoreFaultKnob& knob = coreFaultKnobs()[i];
+    app.add_option("--" + std::string(knob.name), faults_[i], std::string(knob.help))
+        ->expected(1, 2)
+        ->option_text(std::string(knob.argument) + " [FRAMES]")
+        ->group(kFaultGroup)
+        ->excludes(none);
+  }
+}
+
+void CoreArguments::check() const {
+  try {
+    if (!part_number_.empty()) checkPartNumber(part_number_);
+  } catch (const std::invalid_argument& error) {
+    throw CLI::ValidationError("--core-part-number", error.what());
+  }
+  for (std::size_t i = 0; i < kCoreFaultCount; ++i) {
+    const CoreFaultKnob& knob = coreFaultKnobs()[i];
+    if (!faults_[i].empty() && faults_[i][0] > knob.maximum) {
+      throw CLI::ValidationError("--" + std::string(knob.name), "takes at most " + std::to_string(knob.maximum));
+    }
+  }
+}
+
+std::shared_ptr<ThermalCore> CoreArguments::make(const CameraOptions& camera, uint32_t index) const {
+  if (none_) return nullptr;
+  CoreOptions options = coreOptionsFor(camera);
+  if (!part_number_.empty()) options.identity.part_number = part_number_;
+  options.identity.core_serial = serial_ + index;
+  options.identity.sensor_serial += index;
+  for (std::size_t i = 0; i < kCoreFaultCount; ++i) {
+    if (faults_[i].empty()) continue;
+    options.faults[i].value = faults_[i][0];
+    if (faults_[i].size() > 1) options.faults[i].frames = faults_[i][1];
+  }
+  return std::make_shared<ThermalCore>(options);
+}
+
+}  // namespace simulator

@@ -1,0 +1,36 @@
+// The program's options for the cameras' thermal cores.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "simulator/SimulatedCamera.h"
+#include "simulator/core/CoreFaults.h"
+
+namespace simulator {
+
+class CoreArguments {
+ public:
+  /// Declares the options; this object must outlive the parsing.
+  explicit CoreArguments(CLI::App& app);
+  CoreArguments(const CoreArguments&) = delete;
+  CoreArguments& operator=(const CoreArguments&) = delete;
+
+  /// To be called after parsing: throws CLI::ValidationError for a value that does not serve.
+  void check() const;
+
+  /// The core of camera `index`, whose serial number counts upwards with it; null without cores.
+  std::shared_ptr<ThermalCore> make(const CameraOptions& camera, uint32_t index) const;
+
+ private:
+  bool none_ = false;
+  std::string part_number_;
+  uint32_t serial_ = 701001;
+  std::array<std::vector<uint32_t>, kCoreFaultCount> faults_;
+};
+
+}  // namespace simulator

@@ -1,0 +1,102 @@
+#include "simulator/CoreConsole.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <sstream>
+
+#include "simulator/ConsoleWords.h"
+#include "simulator/core/ThermalCore.h"
+
+namespace simulator {
+namespace {
+
+constexpr uint32_t kMostLines = 1000;
+constexpr std::size_t kDefaultLines = 10;
+
+/// Empty where the arguments are wrong.
+using Effect = std::optional<std::string> (*)(ThermalCore& core, const Words& arguments);
+
+std::optional<std::string> showLog(ThermalCore& core, const Words& arguments) {
+  std::size_t lines = kDefaultLines;
+  if (!arguments.empty()) {
+    const auto number = arguments.size() == 1 ? numberOf(arguments[0], kMostLines) : std::nullopt;
+    if (!number) return std::nullopt;
+    lines = *number;
+  }
+  const std::vector<CoreLogEntry> entries = core.log();
+  std::string text;
+  for (std::size_t i = entries.size() - std::min(lines, entries.size()); i < entries.size(); ++i) {
+    text += describe(entries[i], core.powerOnNs()) + '\n';
+  }
+  return text.empty() ? "nothing has been received\n" : text;
+}
+
+std::optional<std::string> clearFaults(ThermalCore& core, const Words& arguments) {
+  if (!arguments.empty()) return std::nullopt;
+  core.clearFaults();
+  return "";
+}
+
+struct Command {
+  std::string_view name;
+  std::string_view arguments;
+  std::string_view help;
+  Effect effect;
+};
+
+constexpr Command kCommands[] = {
+    {"core-log", "[LINES]", "What the core received and answered last", showLog},
+    {"core-ok", "", "No faults of the core any more", clearFaults},
+};
+
+bool turnKnob(ThermalCore& core, std::size_t index, const Words& arguments) {
+  if (arguments.empty() || arguments.size() > 2) return false;
+  const auto value = numberOf(arguments[0], coreFaultKnobs()[index].maximum);
+  const auto frames =
+      arguments.size() == 1 ? CoreFaultSetting::kForGood : numberOf(arguments[1], CoreFaultSetting::kForGood);
+  if (!value || !frames) return false;
+  core.setFault(static_cast<CoreFault>(index), *value, *frames);
+  return true;
+}
+
+std::string knobArguments(const CoreFaultKnob& knob) { return std::string(knob.argument) + " [FRAMES]"; }
+
+}  // namespace
+
+std::optional<std::string> executeCoreCommand(const SimulatedCamera& camera, const std::string& name,
+                                              const Words& arguments) {
+  const auto* command =
+      std::find_if(std::begin(kCommands), std::end(kCommands), [&](const Command& row) { return row.name == name; });
+  const auto& knobs = coreFaultKnobs();
+  const auto* knob =
+      std::find_if(knobs.begin(), knobs.end(), [&](const CoreFaultKnob& row) { return row.name == name; });
+  if (command == std::end(kCommands) && knob == knobs.end()) return std::nullopt;
+  const std::shared_ptr<ThermalCore> core = camera.options().core;
+  if (!core) return "camera " + camera.options().serial + " has no core\n";
+  if (knob == knobs.end()) {
+    const std::optional<std::string> said = command->effect(*core, arguments);
+    return said ? *said : wrongArguments(name, command->arguments);
+  }
+  const bool understood = turnKnob(*core, static_cast<std::size_t>(knob - knobs.begin()), arguments);
+  return understood ? "" : wrongArguments(name, knobArguments(*knob));
+}
+
+std::string coreHelpText() {
+  std::string text;
+  for (const CoreFaultKnob& knob : coreFaultKnobs()) text += usageLine(knob.name, knobArguments(knob), knob.help);
+  for (const Command& command : kCommands) text += usageLine(command.name, command.arguments, command.help);
+  return text;
+}
+
+std::string coreStatusText(const SimulatedCamera& camera) {
+  const std::shared_ptr<ThermalCore> core = camera.options().core;
+  if (!core) return "";
+  const CoreTemperatures now = core->temperatures();
+  std::ostringstream text;
+  text << std::fixed << std::setprecision(2) << "  core: sensor " << now.sensor_celsius << " C, housing "
+       << now.housing_celsius << " C, shutter " << now.shutter_celsius << " C"
+       << (core->shutterClosed() ? " and closed" : "") << ", " << core->ffcCount() << " FFCs\n";
+  return text.str();
+}
+
+}  // namespace simulator

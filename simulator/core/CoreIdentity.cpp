@@ -1,0 +1,62 @@
+#include "simulator/core/CoreIdentity.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace simulator {
+namespace {
+
+constexpr std::size_t kPartNumberBytes = 32;
+constexpr char kPadding = '^';
+constexpr std::size_t kSpeedLetter = 10;
+constexpr std::size_t kRadiometryLetter = 11;
+
+char letterAt(const CoreIdentity& identity, std::size_t at) {
+  return at < identity.part_number.size() ? identity.part_number[at] : '\0';
+}
+
+}  // namespace
+
+void checkPartNumber(const std::string& part_number) {
+  const bool printable = std::all_of(part_number.begin(), part_number.end(),
+                                     [](char letter) { return letter >= ' ' && letter <= '~' && letter != kPadding; });
+  if (part_number.empty() || part_number.size() > kPartNumberBytes || !printable) {
+    throw std::invalid_argument("'" + part_number +
+                                "' does not serve as a part number: it needs 1 to 32 printable characters, none of "
+                                "them '^'");
+  }
+}
+
+bool isRadiometric(const CoreIdentity& identity) {
+  const char letter = letterAt(identity, kRadiometryLetter);
+  return letter == 'R' || letter == 'I';
+}
+
+bool isFast(const CoreIdentity& identity) { return letterAt(identity, kSpeedLetter) == 'F'; }
+
+double coreFrameRateHz(const CoreIdentity& identity) { return isFast(identity) ? 30.0 : 9.0; }
+
+Bytes serialNumberAnswer(const CoreIdentity& identity) {
+  Bytes bytes;
+  appendU32(bytes, identity.core_serial);
+  appendU32(bytes, identity.sensor_serial);
+  return bytes;
+}
+
+Bytes versionAnswer(const CoreIdentity& identity) {
+  Bytes bytes;
+  const CoreVersions& versions = identity.versions;
+  for (const uint16_t word :
+       {versions.software_major, versions.software_minor, versions.firmware_major, versions.firmware_minor}) {
+    appendU16(bytes, word);
+  }
+  return bytes;
+}
+
+Bytes partNumberAnswer(const CoreIdentity& identity) {
+  Bytes bytes(identity.part_number.begin(), identity.part_number.end());
+  bytes.resize(kPartNumberBytes, static_cast<uint8_t>(kPadding));
+  return bytes;
+}
+
+}  // namespace simulator
