@@ -1,5 +1,7 @@
 #include "tests/double/EventLog.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <iostream>
 #include <sstream>
@@ -18,6 +20,14 @@ std::string visible(const std::string& text) {
 EventLog& eventLog() {
   static EventLog log;
   return log;
+}
+
+void EventLog::add(std::string event) {
+  if (echo_) {
+    const std::string line = event + '\n';
+    if (write(STDERR_FILENO, line.data(), line.size()) < 0) return;
+  }
+  events_.push_back(std::move(event));
 }
 
 std::vector<std::string> EventLog::of(const std::vector<std::string>& prefixes) const {

@@ -10,15 +10,19 @@ namespace scripted {
 
 class EventLog {
  public:
-  void add(std::string event) { events_.push_back(std::move(event)); }
+  void add(std::string event);
   void clear() { events_.clear(); }
   const std::vector<std::string>& all() const { return events_; }
+
+  /// Writes each event to the process' standard error as well: what a process that dies has done can be read there.
+  void echo() { echo_ = true; }
 
   /// The events that begin with one of `prefixes`, in order.
   std::vector<std::string> of(const std::vector<std::string>& prefixes) const;
 
  private:
   std::vector<std::string> events_;
+  bool echo_ = false;
 };
 
 /// The log of this test process.

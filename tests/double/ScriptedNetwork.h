@@ -41,13 +41,21 @@ struct Retrieval {
   int64_t takes_ms = 0;  ///< for how long the call seems to block
 };
 
+/// The serial port of every device.
+struct Serial {
+  bool opens = true;
+  bool takes_writes = true;
+  std::deque<std::vector<uint8_t>> replies;  ///< what each Read returns; once empty, every Read times out
+};
+
 /// A null device or interface stands for an empty slot.
 using Interface = std::vector<std::shared_ptr<Device>>;
 
 struct Network {
   std::vector<std::optional<Interface>> interfaces;
   PvResult find_result;
-  std::deque<Retrieval> retrievals;         ///< once empty, every retrieval times out
+  std::deque<Retrieval> retrievals;  ///< once empty, every retrieval times out
+  Serial serial;
   std::function<void()> on_find;            ///< lets a search see something else than the one before
   std::function<void()> on_device_visited;  ///< runs after each GetDeviceInfo
 };

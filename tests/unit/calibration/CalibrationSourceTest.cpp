@@ -8,7 +8,7 @@
 #include <fstream>
 
 #include "camera/CameraCenter.h"
-#include "tests/unit/camera/ScriptedTest.h"
+#include "tests/unit/ScriptedTest.h"
 
 namespace {
 

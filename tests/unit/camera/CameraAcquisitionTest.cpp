@@ -1,6 +1,6 @@
 // Starting and stopping the acquisition, and handing frames out.
 #include "camera/Camera.h"
-#include "tests/unit/camera/ScriptedTest.h"
+#include "tests/unit/ScriptedTest.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <type_traits>
 
-#include "tests/unit/camera/ScriptedTest.h"
+#include "tests/unit/ScriptedTest.h"
 
 namespace {
 

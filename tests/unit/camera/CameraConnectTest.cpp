@@ -6,7 +6,7 @@
 
 #include "PvStreamGEV.h"
 #include "camera/Camera.h"
-#include "tests/unit/camera/ScriptedTest.h"
+#include "tests/unit/ScriptedTest.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include <type_traits>
 
 #include "camera/Camera.h"
-#include "tests/unit/camera/ScriptedTest.h"
+#include "tests/unit/ScriptedTest.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 // The frame limit of cameras of the slow class, to the millisecond.
 #include "camera/Camera.h"
-#include "tests/unit/camera/ScriptedTest.h"
+#include "tests/unit/ScriptedTest.h"
 
 namespace {
 

@@ -1,0 +1,69 @@
+// PvDeviceAdapter and PvDeviceSerialPort after the script.
+#include <algorithm>
+
+#include "PvDeviceAdapter.h"
+#include "PvDeviceSerialPort.h"
+#include "tests/double/Hex.h"
+#include "tests/double/ScriptedLayer.h"
+
+using scripted::eventLog;
+using scripted::network;
+
+namespace {
+
+PvResult outcome(bool success, PvResult::Code failure) {
+  return success ? PvResult() : PvResult(failure, "the script says so");
+}
+
+}  // namespace
+
+struct PvDeviceAdapter::State {
+  scripted::LiveObject live{"PvDeviceAdapter"};
+  PvDevice* device;
+};
+
+PvDeviceAdapter::PvDeviceAdapter(PvDevice* device) : state_(new State) {
+  state_->device = device;
+  eventLog().add(device != nullptr ? "PvDeviceAdapter::PvDeviceAdapter" : "PvDeviceAdapter::PvDeviceAdapter no device");
+}
+PvDeviceAdapter::~PvDeviceAdapter() { eventLog().add("PvDeviceAdapter::~PvDeviceAdapter"); }
+
+struct PvDeviceSerialPort::State {
+  scripted::LiveObject live{"PvDeviceSerialPort"};
+};
+
+PvDeviceSerialPort::PvDeviceSerialPort() : state_(std::make_unique<State>()) {}
+PvDeviceSerialPort::~PvDeviceSerialPort() { eventLog().add("PvDeviceSerialPort::~PvDeviceSerialPort"); }
+
+PvResult PvDeviceSerialPort::Open(PvDeviceAdapter* adapter, PvDeviceSerial port) {
+  eventLog().add("PvDeviceSerialPort::Open " + std::to_string(port) + (adapter != nullptr ? "" : " no adapter"));
+  return outcome(network().serial.opens, PvResult::Code::NotConnected);
+}
+
+PvResult PvDeviceSerialPort::Close() {
+  eventLog().add("PvDeviceSerialPort::Close");
+  return {};
+}
+
+PvResult PvDeviceSerialPort::Write(const uint8_t* data, uint32_t size, uint32_t& bytesWritten) {
+  eventLog().add("PvDeviceSerialPort::Write " + scripted::hex(data, size));
+  bytesWritten = network().serial.takes_writes ? size : 0;
+  return outcome(network().serial.takes_writes, PvResult::Code::NotConnected);
+}
+
+PvResult PvDeviceSerialPort::GetRxBytesReady(uint32_t& bytesReady) {
+  eventLog().add("PvDeviceSerialPort::GetRxBytesReady");
+  bytesReady = 0;
+  return outcome(false, PvResult::Code::GenericError);
+}
+
+PvResult PvDeviceSerialPort::Read(uint8_t* data, uint32_t size, uint32_t& bytesRead, uint32_t timeout_ms) {
+  eventLog().add("PvDeviceSerialPort::Read " + std::to_string(size) + " " + std::to_string(timeout_ms));
+  bytesRead = 0;
+  if (network().serial.replies.empty()) return outcome(false, PvResult::Code::Timeout);
+  const std::vector<uint8_t> reply = network().serial.replies.front();
+  network().serial.replies.pop_front();
+  bytesRead = std::min(size, static_cast<uint32_t>(reply.size()));
+  std::copy_n(reply.begin(), bytesRead, data);
+  return {};
+}
