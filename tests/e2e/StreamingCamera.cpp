@@ -20,15 +20,21 @@ Camera& cameraOf(CameraCenter& center, const std::string& serial_number) {
   throw std::runtime_error("no camera " + serial_number + " among " + std::to_string(center.cameras.size()) + " found");
 }
 
-Acquisition::Acquisition(Camera& camera) : camera_(camera) {
+Connection::Connection(Camera& camera, unsigned int buffers) : camera_(camera) {
   if (camera_.Connect() != 0) throw std::runtime_error("cannot connect " + camera_.serialNumber);
+  const PvResult result = camera_.pipeline->SetBufferCount(buffers);
+  if (result.IsOK()) return;
+  camera_.Disconnect();
+  throw std::runtime_error("cannot give " + camera_.serialNumber + " " + std::to_string(buffers) + " buffers");
+}
+
+Connection::~Connection() { camera_.Disconnect(); }
+
+Acquisition::Acquisition(Camera& camera, unsigned int buffers) : camera_(camera), connection_(camera, buffers) {
   camera_.StartAcquisition();
 }
 
-Acquisition::~Acquisition() {
-  release();
-  camera_.Disconnect();
-}
+Acquisition::~Acquisition() { release(); }
 
 const uint8_t* Acquisition::next() {
   release();
