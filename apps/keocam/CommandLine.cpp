@@ -1,42 +1,43 @@
 #include "apps/keocam/CommandLine.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cmath>
 #include <iomanip>
 #include <sstream>
 
+#include "apps/keocam/Verbs.h"
+#include "apps/keocam/core/CoreVerbs.h"
 #include "apps/keocam/terminal/PrintableText.h"
 #include "apps/keocam/terminal/Suggestion.h"
 
 namespace keocam::cli {
 namespace {
 
-struct Verb {
-  const char* name;
-  const char* description;
-  const char* example;
-};
-
 constexpr Verb kList{"list", "Show the cameras on this host's networks", "keocam list --json"};
 constexpr Verb kStream{"stream", "Receive frames from a camera and tell how well that goes",
                        "keocam stream --camera KEOD2001 --frames 100 --picture last.png"};
 constexpr Verb kSimulate{"simulate", "Run a camera in software; takes the arguments of keocam-simulator",
                          "keocam simulate --cameras 2"};
-constexpr Verb kVerbs[] = {kList, kStream, kSimulate};
 
 // Far more than anyone waits, and still exact in nanoseconds.
 constexpr double kLongest_s = 1e8;
 
+std::vector<Verb> allVerbs() {
+  std::vector<Verb> verbs{kList, kStream};
+  for (const Verb& verb : coreVerbs()) verbs.push_back(verb);
+  verbs.push_back(kSimulate);
+  return verbs;
+}
+
 std::vector<std::string> verbNames() {
   std::vector<std::string> names;
-  for (const Verb& verb : kVerbs) names.emplace_back(verb.name);
+  for (const Verb& verb : allVerbs()) names.emplace_back(verb.name);
   return names;
 }
 
 std::string footer() {
   std::string text = "Examples:\n";
-  for (const Verb& verb : kVerbs) text += std::string("  ") + verb.example + '\n';
+  for (const Verb& verb : allVerbs()) text += std::string("  ") + verb.example + '\n';
   text += "\nExit status:\n";
   for (const ExitStatusMeaning& row : kExitStatusMeanings) {
     text += "  " + std::to_string(static_cast<int>(row.status)) + "  " + row.meaning + '\n';
@@ -58,24 +59,15 @@ CLI::Validator secondsFrom(double least_s) {
   return CLI::Validator(check, "");
 }
 
-CLI::App* addVerb(CLI::App& app, const Verb& verb) {
-  CLI::App* const command = app.add_subcommand(verb.name, verb.description);
-  command->group("Verbs");
-  command->footer(std::string("Example: ") + verb.example + "\n\n\"keocam --help\" tells of -q, -v and exit statuses.");
-  return command;
+void addList(CLI::App& app, Command& chosen) {
+  const auto verb = addVerbWithOptions<ListOptions>(app, kList, chosen);
+  verb.app->add_flag("--json", verb.options.json, "Print an array of objects instead of a table");
 }
 
-void addList(CLI::App& app, ListOptions& options) {
-  CLI::App* const command = addVerb(app, kList)->fallthrough();
-  command->add_flag("--json", options.json, "Print an array of objects instead of a table");
-}
-
-void addStream(CLI::App& app, StreamOptions& options) {
-  CLI::App* const command = addVerb(app, kStream)->fallthrough();
+void addStream(CLI::App& app, Command& chosen) {
+  const auto [command, options] = addVerbWithOptions<StreamOptions>(app, kStream, chosen);
   StreamLimits& limits = options.limits;
-  command
-      ->add_option("-c,--camera", options.serial_number, "The camera's serial number; not needed if there is but one")
-      ->type_name("SERIAL");
+  addCameraOption(*command, options.serial_number);
   command->add_option("-n,--frames", limits.frames, "Stop after N frames")
       ->type_name("N")
       ->check(CLI::Range(uint64_t{1}, uint64_t{1} << 48U, "").description(""));
@@ -93,14 +85,14 @@ void addStream(CLI::App& app, StreamOptions& options) {
   command->add_flag("--json", options.json, "Print the totals as an object");
 }
 
+// The options of the program and of the verbs that are used.
 std::vector<std::string> optionNames(const CLI::App& app) {
-  std::vector<const CLI::App*> commands{&app};
-  for (const CLI::App* const used : app.get_subcommands()) commands.push_back(used);
   std::vector<std::string> names;
-  for (const CLI::App* const command : commands) {
-    for (const CLI::Option* const option : command->get_options()) {
-      for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
-    }
+  for (const CLI::Option* const option : app.get_options()) {
+    for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+  }
+  for (const CLI::App* const used : app.get_subcommands()) {
+    for (const std::string& name : optionNames(*used)) names.push_back(name);
   }
   return names;
 }
@@ -126,24 +118,45 @@ Answer answerTo(const CLI::App& app, const CLI::ParseError& error) {
   return usageError(unexpected ? unexpectedText(app) : printable(error.what()));
 }
 
+using Words = std::vector<std::string>;
+
+// The first plain word from `from` on. No option before a verb takes a value, so that is the verb.
+Words::const_iterator plainWord(Words::const_iterator from, Words::const_iterator end) {
+  return std::find_if(from, end, [](const std::string& text) { return text.empty() || text.front() != '-'; });
+}
+
+std::optional<Answer> complaintAbout(const std::string& before, const std::string& word, const Words& names) {
+  if (std::find(names.begin(), names.end(), word) != names.end()) return std::nullopt;
+  return usageError("There is no verb " + inQuotes(before + word) + didYouMean(word, names));
+}
+
+std::optional<Answer> wrongVerb(const Words& arguments, Words::const_iterator verb) {
+  if (verb == arguments.end()) return std::nullopt;
+  if (auto complaint = complaintAbout("", *verb, verbNames())) return complaint;
+  const auto next = *verb == kCoreVerb ? plainWord(verb + 1, arguments.end()) : arguments.end();
+  return next != arguments.end() ? complaintAbout(std::string(kCoreVerb) + " ", *next, namesBehindCore())
+                                 : std::nullopt;
+}
+
+std::string missingVerbText(bool behind_core) {
+  if (!behind_core) return "A verb is missing.";
+  std::string text;
+  for (const std::string& name : namesBehindCore()) text += (text.empty() ? "" : ", ") + name;
+  return std::string("A verb is missing behind \"") + kCoreVerb + "\": " + text + ".";
+}
+
 }  // namespace
 
 std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>& arguments) {
-  // No option before the verb takes a value, so the first plain word is the verb.
-  const auto verb = std::find_if(arguments.begin(), arguments.end(),
-                                 [](const std::string& text) { return text.empty() || text.front() != '-'; });
-  const std::vector<std::string> names = verbNames();
-  if (verb != arguments.end() && std::find(names.begin(), names.end(), *verb) == names.end()) {
-    return usageError("There is no verb " + inQuotes(*verb) + didYouMean(*verb, names));
-  }
+  const auto verb = plainWord(arguments.begin(), arguments.end());
+  if (const auto complaint = wrongVerb(arguments, verb)) return *complaint;
 
   // Everything behind "simulate", --help included, is the simulator's.
   const bool simulate = verb != arguments.end() && *verb == kSimulate.name;
   const auto own_end = simulate ? verb + 1 : arguments.end();
 
-  CLI::App app("Find GigE Vision thermal cameras and stream from them", "keocam");
-  ListOptions list;
-  StreamOptions stream;
+  CLI::App app("Find GigE Vision thermal cameras, stream from them, and control their cores", "keocam");
+  Invocation invocation;
   bool quiet = false;
   bool verbose = false;
   app.set_version_flag("--version", "keocam " KEOCAM_VERSION);
@@ -152,8 +165,9 @@ std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>
   app.require_subcommand(1);
   app.get_formatter()->label("SUBCOMMAND", "VERB");
   app.footer(footer());
-  addList(app, list);
-  addStream(app, stream);
+  addList(app, invocation.command);
+  addStream(app, invocation.command);
+  addCoreVerbs(app, invocation.command);
   addVerb(app, kSimulate);
 
   try {
@@ -161,22 +175,15 @@ std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>
     std::reverse(reversed.begin(), reversed.end());
     app.parse(reversed);
   } catch (const CLI::RequiredError&) {
-    return usageError("A verb is missing.");
+    return usageError(missingVerbText(verb != arguments.end()));
   } catch (const CLI::ParseError& error) {
     return answerTo(app, error);
   }
 
   if (quiet && verbose) return usageError("--quiet and --verbose exclude each other.");
-  Invocation invocation;
   if (quiet) invocation.verbosity = Verbosity::Quiet;
   if (verbose) invocation.verbosity = Verbosity::Verbose;
-  if (simulate) {
-    invocation.command = SimulateOptions{{own_end, arguments.end()}};
-  } else if (*verb == kStream.name) {
-    invocation.command = stream;
-  } else {
-    invocation.command = list;
-  }
+  if (simulate) invocation.command = SimulateOptions{{own_end, arguments.end()}};
   return invocation;
 }
 

@@ -9,6 +9,12 @@
 #include "apps/keocam/ExitStatus.h"
 #include "apps/keocam/ListCommand.h"
 #include "apps/keocam/StreamCommand.h"
+#include "apps/keocam/core/DefaultsCommand.h"
+#include "apps/keocam/core/FfcCommand.h"
+#include "apps/keocam/core/GetCommand.h"
+#include "apps/keocam/core/InfoCommand.h"
+#include "apps/keocam/core/ResetCommand.h"
+#include "apps/keocam/core/SetCommand.h"
 
 namespace keocam::cli {
 
@@ -16,10 +22,14 @@ struct SimulateOptions {
   std::vector<std::string> arguments;  ///< as given, for the simulator
 };
 
+/// The options of the verb.
+using Command = std::variant<ListOptions, StreamOptions, SimulateOptions, GetOptions, SetOptions, FfcOptions,
+                             InfoOptions, ResetOptions, DefaultsOptions, FactoryDefaultsOptions>;
+
 /// What the user asked for.
 struct Invocation {
   Verbosity verbosity = Verbosity::Normal;
-  std::variant<ListOptions, StreamOptions, SimulateOptions> command;
+  Command command;
 };
 
 /// Nothing to run: a text to print, such as the help, and how to end. An error's text belongs on standard error.

@@ -1,18 +1,12 @@
 #include "apps/keocam/ListCommand.h"
 
-#include <unistd.h>
-
 #include "apps/keocam/CameraChoice.h"
 #include "apps/keocam/CameraSearch.h"
 #include "apps/keocam/ListReport.h"
 #include "apps/keocam/terminal/Table.h"
-#include "apps/keocam/terminal/Terminal.h"
 
 namespace keocam::cli {
 namespace {
-
-// A file or a pipe has no width: there the cells stay whole.
-std::size_t widthOfOutput() { return isatty(STDOUT_FILENO) != 0 ? terminalOn(STDOUT_FILENO).columns : kUnlimitedWidth; }
 
 std::vector<ListedCamera> camerasOf(const CameraSearch& search) {
   const std::vector<DeviceUse> uses = usesOf(search.infos());

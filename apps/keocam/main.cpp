@@ -34,6 +34,13 @@ class Runner {
   ExitStatus operator()(const ListOptions& options) { return runList(options, console_, output_); }
   ExitStatus operator()(const StreamOptions& options) { return runStreamCommand(options, console_, output_); }
   ExitStatus operator()(const SimulateOptions& options) { runSimulate(options.arguments); }
+  ExitStatus operator()(const GetOptions& options) { return runGet(options, console_, output_); }
+  ExitStatus operator()(const SetOptions& options) { return runSet(options, console_, output_); }
+  ExitStatus operator()(const FfcOptions& options) { return runFfc(options, console_); }
+  ExitStatus operator()(const InfoOptions& options) { return runInfo(options, console_, output_); }
+  ExitStatus operator()(const ResetOptions& options) { return runReset(options, console_); }
+  ExitStatus operator()(const DefaultsOptions& options) { return runDefaults(options, console_); }
+  ExitStatus operator()(const FactoryDefaultsOptions& options) { return runFactoryDefaults(options, console_); }
 
  private:
   Console console_;

@@ -1,9 +1,12 @@
 #include "apps/keocam/terminal/Table.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <numeric>
 
 #include "apps/keocam/terminal/PrintableText.h"
+#include "apps/keocam/terminal/Terminal.h"
 
 namespace keocam::cli {
 namespace {
@@ -47,6 +50,8 @@ std::string formatRow(const TableRow& row, const Widths& widths) {
 }
 
 }  // namespace
+
+std::size_t widthOfOutput() { return isatty(STDOUT_FILENO) != 0 ? terminalOn(STDOUT_FILENO).columns : kUnlimitedWidth; }
 
 std::string formatTable(const TableRow& header, const std::vector<TableRow>& rows, std::size_t width) {
   if (header.empty()) return {};

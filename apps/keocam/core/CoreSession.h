@@ -1,0 +1,54 @@
+// The thermal core of a camera, at hand for as long as a scope lasts.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "PvDevice.h"
+#include "apps/keocam/CameraSearch.h"
+#include "apps/keocam/Console.h"
+#include "serial/CameraSerialSettings.h"
+
+namespace keocam::cli {
+
+/// Connects to the camera without a stream. The core's settings stay as they are.
+class CoreSession {
+ public:
+  /// Finds the camera with `serial_number`, or the only one there is, and connects to nothing yet. Throws
+  /// CommandFailure as chooseCamera() does.
+  CoreSession(const std::optional<std::string>& serial_number, const Console& console);
+
+  /// Disconnects.
+  ~CoreSession();
+  CoreSession(const CoreSession&) = delete;
+  CoreSession& operator=(const CoreSession&) = delete;
+
+  const DeviceDetails& camera() const { return search_.details()[chosen_]; }
+
+  /// Takes control of the camera, sets up its bridge and sees that the core answers. Throws CommandFailure: InUse,
+  /// LinkLost if camera or core do not answer, or Failure. Call it once.
+  void connect();
+
+  /// Only once connected.
+  CameraSerialSettings& core() { return *core_; }
+
+  /// One no-operation; prints nothing.
+  ResponseStatuses ask();
+
+  /// Throws CommandFailure (LinkLost) if the camera itself has gone. For use after an exchange that failed.
+  void requireLink() const;
+
+ private:
+  void wake();
+
+  CameraSearch search_;
+  std::size_t chosen_;
+  std::unique_ptr<PvDevice, void (*)(PvDevice*)> device_;
+  std::optional<CameraSerialSettings> core_;
+};
+
+/// A session that is connected already.
+std::unique_ptr<CoreSession> connectedCore(const std::optional<std::string>& serial_number, const Console& console);
+
+}  // namespace keocam::cli
