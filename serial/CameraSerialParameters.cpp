@@ -6,10 +6,10 @@
 
 namespace {
 
-// The compiler must not see that this is a null pointer: it would put another signal in the fault's place. Nor must a
-// sanitizer, which would end the process by itself.
+// Both volatile: a compiler that knew the pointer would put another signal in the fault's place, and one that did not
+// need the store would leave it out. A sanitizer must not see it either: it would end the process by itself.
 __attribute__((noinline, no_sanitize("address", "undefined", "thread"))) void storeThroughNullPointer(uint8_t byte) {
-  uint8_t* volatile payload = nullptr;
+  volatile uint8_t* volatile payload = nullptr;
   *payload = byte;
 }
 

@@ -11,7 +11,6 @@ class SendMessageTest : public CoreTest {
     return std::unique_ptr<unsigned char[]>(core_.sendMessage(frame.get(), 0, wait_us));
   }
 
-  // Worked out by hand from the frame layout.
   const std::string kWrite = "PvDeviceSerialPort::Write " + scripted::hex(core_frames::frame(0xFC, {}));
 };
 
@@ -33,9 +32,10 @@ TEST_F(SendMessageTest, Answered_OrderOfTheExchange) {
   EXPECT_EQ(takeAll(), expected);
 }
 
+// A checksum over bytes that end in their own checksum is zero.
 TEST_F(SendMessageTest, EmptyRequest_IsTheseTenBytes) {
   send(0);
-  EXPECT_EQ(takeRequests(), Log{"6e 00 00 fc 00 00 c1 c1 c2 c2"});
+  EXPECT_EQ(takeRequests(), Log{"6e 00 00 fc 00 00 49 88 00 00"});
 }
 
 TEST_F(SendMessageTest, Answered_BufferHoldsTheReplyAndThenZeros) {
@@ -103,7 +103,7 @@ TEST_F(SendMessageTest, CoreRefuses_NamesTheStatus) {
 }
 
 TEST_F(SendMessageTest, StatusWithoutName_IsUnknown) {
-  for (const uint8_t status : {0x01, 0x02, 0x08, 0x0B, 0xFF}) {
+  for (const uint8_t status : Bytes{0x01, 0x02, 0x08, 0x0B, 0xFF}) {
     replyTo(0xFC, {}, status);
     EXPECT_EQ(send(0), nullptr) << int{status};
     EXPECT_EQ(takePrinted(), Log{"err: CameraSerialSettings::sendMessage: Camera response error: UNKNOWN_ERROR\\n"});

@@ -101,7 +101,7 @@ TEST_F(SetParameterTest, Isotherms_SendTheCallersSixBytes) {
 TEST_F(SetParameterTest, DigitalOutput_SelectorThenTheCallersByte) {
   const Bytes selectors = {0x03, 0x05, 0x06, 0x07};
   for (unsigned int output = 0; output < 4; ++output) {
-    for (const uint8_t value : {0x00, 0x02, 0xFF}) {
+    for (const uint8_t value : Bytes{0x00, 0x02, 0xFF}) {
       replyTo(18, {0x00, 0x00});
       EXPECT_EQ(set(18, {value}, RADIOMETRIC_NONE, static_cast<DigitalOutputModes>(output)), CAM_OK);
       EXPECT_EQ(takeRequests(), requests({{18, {selectors[output], value}}}));
@@ -116,7 +116,7 @@ TEST_F(SetParameterTest, Radiometry_SelectorThenTheCallersByte) {
   const std::vector<Bytes> prefixes = {{0x00, 0x10, 0x00}, {0x00, 0x40, 0x00}};
   for (unsigned int selector = 0; selector < 2; ++selector) {
     core_.radiometrySelector = selector;
-    for (const uint8_t value : {0, 1}) {
+    for (const uint8_t value : Bytes{0, 1}) {
       Bytes payload = prefixes[selector];
       payload.push_back(value);
       replyTo(142, payload);
@@ -148,7 +148,7 @@ TEST_F(SetParameterTest, RadiometricParameter_SubCodeThenTheWord) {
 }
 
 TEST_F(SetParameterTest, AgcType_AboveTen_IsSent) {
-  for (const uint8_t value : {11, 200, 255}) {
+  for (const uint8_t value : Bytes{11, 200, 255}) {
     replyTo(19, {0x00, value});
     EXPECT_EQ(set(19, {value}), CAM_OK);
     EXPECT_EQ(takeRequests(), requests({{19, {0x00, value}}}));
