@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "CoreBench.h"
 #include "simulator/core/CoreFrame.h"
 #include "simulator/core/Crc16.h"
@@ -166,6 +168,37 @@ TEST_F(Decoder, TimeOnTheLine_IsNoSilence) {
   feed(Bytes(kSetFfcPeriod.begin() + 9, kSetFfcPeriod.end()), kMs, FrameDecoder::kLongestPauseNs);
   ASSERT_EQ(found.size(), 1U);
   EXPECT_EQ(found[0].verdict, Verdict::Frame);
+}
+
+TEST_F(Decoder, AnyGarbage_IsForgottenAfterASilence) {
+  std::mt19937 generator(1);
+  for (int round = 0; round < 5000; ++round) {
+    // Frames with a few bytes changed, cut or doubled get further than plain noise.
+    Bytes garbage = join({kSetFfcPeriod, kGetFfcMode, kSetFfcPeriod});
+    for (uint32_t change = generator() % 4; change > 0; --change) {
+      const auto at = garbage.begin() + static_cast<std::ptrdiff_t>(generator() % garbage.size());
+      switch (generator() % 3) {
+        case 0:
+          *at = static_cast<uint8_t>(generator());
+          break;
+        case 1:
+          garbage.erase(at);
+          break;
+        default:
+          garbage.insert(at, static_cast<uint8_t>(generator()));
+      }
+    }
+    std::size_t bytes = 0;
+    for (const DecodedFrame& piece : feed(garbage)) {
+      // A damaged frame may end with the beginning of the next one.
+      if (piece.verdict != Verdict::DamagedFrame) bytes += piece.bytes.size();
+    }
+    ASSERT_LE(bytes, garbage.size()) << "no other byte is reported twice";
+    const Verdicts after = verdicts(kGetFfcMode, FrameDecoder::kLongestPauseNs + 1);
+    ASSERT_FALSE(after.empty());
+    ASSERT_EQ(after.back(), Verdict::Frame);
+    for (std::size_t i = 0; i + 1 < after.size(); ++i) ASSERT_EQ(after[i], Verdict::Partial);
+  }
 }
 
 }  // namespace
