@@ -8,7 +8,7 @@ demo_packages="iproute2 util-linux"
 bench_packages="libbenchmark-dev"
 format_packages="clang-format"
 lint_packages="clang-tidy"
-fuzz_packages="clang libclang-rt-14-dev"
+fuzz_packages="clang libclang-rt-dev"
 arm64_packages="g++-aarch64-linux-gnu qemu-user-static libaravis-dev:arm64 libusb-1.0-0-dev:arm64 libgtest-dev:arm64 libgmock-dev:arm64"
 
 # Which of the packages named are not installed.
