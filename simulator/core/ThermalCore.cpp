@@ -67,7 +67,7 @@ Bytes ThermalCore::answer(const DecodedFrame& frame, uint64_t now_ns, uint64_t& 
     entry.status = request.status;
     entry.sent = faults_.leaving(encodeFrame(frame.function, static_cast<uint8_t>(request.status), payload), delay_ns);
   }
-  const Bytes sent = entry.sent;
+  Bytes sent = entry.sent;
   log_.add(std::move(entry));
   return sent;
 }
