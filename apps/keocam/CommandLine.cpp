@@ -14,10 +14,9 @@ namespace keocam::cli {
 namespace {
 
 constexpr Verb kList{"list", "Show the cameras on this host's networks", "keocam list --json"};
-constexpr Verb kStream{"stream", "Receive frames from a camera and tell how well that goes",
+constexpr Verb kStream{"stream", "Receive frames and tell how well that goes",
                        "keocam stream --camera KEOD2001 --frames 100 --picture last.png"};
-constexpr Verb kSimulate{"simulate", "Run a camera in software; takes the arguments of keocam-simulator",
-                         "keocam simulate --cameras 2"};
+constexpr Verb kSimulate{"simulate", "Run a camera in software (keocam-simulator)", "keocam simulate --cameras 2"};
 
 // Far more than anyone waits, and still exact in nanoseconds.
 constexpr double kLongest_s = 1e8;
@@ -43,7 +42,7 @@ std::string footer() {
     text += "  " + std::to_string(static_cast<int>(row.status)) + "  " + row.meaning + '\n';
   }
   return text +
-         "\nData go to standard output, messages to standard error. \"keocam VERB --help\" tells more of a verb.";
+         "\nData go to standard output, messages to standard error.\n\"keocam VERB --help\" tells more of a verb.";
 }
 
 // The library's own check for a range lets "nan" pass.

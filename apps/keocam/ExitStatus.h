@@ -23,7 +23,7 @@ inline constexpr ExitStatusMeaning kExitStatusMeanings[] = {
     {ExitStatus::Usage, "the command line makes no sense, or more than one camera fits it"},
     {ExitStatus::NoSuchCamera, "no camera, or none with this serial number"},
     {ExitStatus::InUse, "another program or host controls the camera"},
-    {ExitStatus::LinkLost, "the camera does not answer, sends no frames, or was lost"},
+    {ExitStatus::LinkLost, "the camera or its core does not answer, sends no frames, or was lost"},
 };
 
 }  // namespace keocam::cli

@@ -40,8 +40,7 @@ AddedVerb<Options> addVerbWithOptions(CLI::App& parent, const Verb& verb, Comman
 }
 
 inline void addCameraOption(CLI::App& app, std::optional<std::string>& serial_number) {
-  app.add_option("-c,--camera", serial_number, "The camera's serial number; not needed if there is but one")
-      ->type_name("SERIAL");
+  app.add_option("-c,--camera", serial_number, "Serial number; needed if there are several")->type_name("SERIAL");
 }
 
 }  // namespace keocam::cli

@@ -126,8 +126,9 @@ TEST(CommandLine, ControlCharactersInArguments_AreEscapedInTheAnswer) {
 TEST(CommandLine, Help_ListsVerbsExamplesAndExitStatuses) {
   const Answer help = answerOf({"--help"});
   EXPECT_EQ(help.status, ExitStatus::Ok);
-  for (const char* const part : {"list", "stream", "simulate", "keocam list --json", "keocam stream --camera",
-                                 "keocam simulate --cameras", "  0  success", "  5  the camera does not answer"}) {
+  for (const char* const part :
+       {"list", "stream", "simulate", "keocam list --json", "keocam stream --camera", "keocam simulate --cameras",
+        "  0  success", "  5  the camera or its core does not answer"}) {
     EXPECT_NE(help.text.find(part), std::string::npos) << part;
   }
   const Answer stream_help = answerOf({"stream", "--help"});

@@ -8,7 +8,9 @@
 #include "PvDevice.h"
 #include "apps/keocam/CameraSearch.h"
 #include "apps/keocam/Console.h"
+#include "apps/keocam/core/StatusText.h"
 #include "serial/CameraSerialSettings.h"
+#include "serial/CoreValue.h"
 
 namespace keocam::cli {
 
@@ -36,10 +38,30 @@ class CoreSession {
   /// One no-operation; prints nothing.
   ResponseStatuses ask();
 
+  /// What `exchange` comes to, a status or a CoreValue. One whose messages get lost or damaged is made up to three
+  /// times, so only those serve that may be made twice. Throws CommandFailure (LinkLost) if the camera has gone.
+  template <typename Exchange>
+  auto attempt(const Exchange& exchange) const {
+    for (int left = kAttempts - 1;; --left) {
+      const auto result = exchange();
+      if (statusOf(result) == CAM_OK) return result;
+      requireLink();
+      if (left == 0 || !isWorthRepeating(statusOf(result))) return result;
+    }
+  }
+
   /// Throws CommandFailure (LinkLost) if the camera itself has gone. For use after an exchange that failed.
   void requireLink() const;
 
  private:
+  static constexpr int kAttempts = 3;
+
+  static ResponseStatuses statusOf(ResponseStatuses status) { return status; }
+  template <typename T>
+  static ResponseStatuses statusOf(const CoreValue<T>& value) {
+    return value.status;
+  }
+
   void wake();
 
   CameraSearch search_;

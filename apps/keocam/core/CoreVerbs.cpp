@@ -10,11 +10,10 @@ constexpr Verb kSet{"set", "Change the thermal core's settings", "keocam set ffc
 constexpr Verb kFfc{"ffc", "Make the core correct its flat field once", "keocam ffc"};
 constexpr Verb kCore{kCoreVerb, "What the core is; its restart and its defaults", "keocam core info"};
 
-constexpr Verb kInfo{"info", "Part number, serial numbers, versions and temperatures", "keocam core info --json"};
+constexpr Verb kInfo{"info", "Its numbers, versions and temperatures", "keocam core info --json"};
 constexpr Verb kReset{"reset", "Restart the core and wait until it answers again", "keocam core reset"};
-constexpr Verb kDefaults{"defaults", "Make the present settings those that the core powers up with",
-                         "keocam core defaults"};
-constexpr Verb kFactoryDefaults{"factory-defaults", "Replace all settings by the factory's, also for power-up",
+constexpr Verb kDefaults{"defaults", "Keep the present settings for power-up", "keocam core defaults"};
+constexpr Verb kFactoryDefaults{"factory-defaults", "Restore the factory's settings, now and for power-up",
                                 "keocam core factory-defaults --yes"};
 
 void addGet(CLI::App& app, Command& chosen) {
@@ -26,12 +25,12 @@ void addGet(CLI::App& app, Command& chosen) {
 
 void addSet(CLI::App& app, Command& chosen) {
   const std::string notes =
-      "A choice may be given by its number too, on and off as true and false, and a number in hexadecimal (0x1f).\n\n";
+      "A choice may be given by its number too, on and off as true and false, and a\nnumber in hexadecimal (0x1f).\n\n";
   const auto verb = addVerbWithOptions<SetOptions>(app, kSet, chosen, settingChoices() + '\n' + notes);
   verb.app->add_option("NAME=VALUE", verb.options.assignments, "Settings and their values, written in this order")
       ->type_name("");
   addCameraOption(*verb.app, verb.options.serial_number);
-  verb.app->add_flag("--json", verb.options.json, "Print what was read back as an object, name to value");
+  verb.app->add_flag("--json", verb.options.json, "Print an object, name to value as read back");
 }
 
 void addFfc(CLI::App& app, Command& chosen) {

@@ -13,8 +13,7 @@ ExitStatus runGet(const GetOptions& options, const Console& console, DataOutput&
   const auto session = connectedCore(options.serial_number, console);
   std::vector<SettingReading> readings;
   for (const SettingRow* const setting : settings) {
-    readings.push_back({setting, readSetting(session->core(), *setting)});
-    if (!readings.back().value.ok()) session->requireLink();
+    readings.push_back({setting, session->attempt([&] { return readSetting(session->core(), *setting); })});
   }
   output.write(options.json ? settingJson(readings) : settingTable(readings, widthOfOutput()));
   if (const auto failures = failuresAmong(readings); !failures.empty()) throw notRead(failures);

@@ -8,9 +8,7 @@ namespace {
 
 template <typename T>
 CoreValue<T> read(CoreSession& session, CoreValue<T> (*reading)(CameraSerialSettings& core)) {
-  CoreValue<T> value = reading(session.core());
-  if (!value.ok()) session.requireLink();
-  return value;
+  return session.attempt([&] { return reading(session.core()); });
 }
 
 CoreInfo infoOf(CoreSession& session) {

@@ -9,22 +9,17 @@
 namespace keocam::cli {
 namespace {
 
-// Any exchange that fails because the camera has gone ends the command.
 SettingAccess accessTo(CoreSession& session) {
-  const auto checked = [&session](ResponseStatuses status) {
-    if (status != CAM_OK) session.requireLink();
-    return status;
-  };
   SettingAccess access;
-  access.write = [&session, checked](const SettingRow& setting, int value) {
-    return checked(writeSetting(session.core(), setting, value));
+  access.write = [&session](const SettingRow& setting, int value) {
+    return session.attempt([&] { return writeSetting(session.core(), setting, value); });
   };
-  access.read = [&session, checked](const SettingRow& setting) {
-    const CoreValue<int> value = readSetting(session.core(), setting);
-    static_cast<void>(checked(value.status));
-    return value;
+  access.read = [&session](const SettingRow& setting) {
+    return session.attempt([&] { return readSetting(session.core(), setting); });
   };
-  access.correctFlatField = [&session, checked] { return checked(checkedWrite(session.core(), DO_FFC, nullptr, {})); };
+  access.correctFlatField = [&session] {
+    return session.attempt([&] { return checkedWrite(session.core(), DO_FFC, nullptr, {}); });
+  };
   return access;
 }
 
@@ -35,7 +30,7 @@ ExitStatus runSet(const SetOptions& options, const Console& console, DataOutput&
   const auto session = connectedCore(options.serial_number, console);
   const SettingOutcome outcome = writeSettings(assignments, accessTo(*session));
   if (!outcome.done.empty()) {
-    output.write(options.json ? settingJson(outcome.done) : settingTable(outcome.done, widthOfOutput()));
+    output.write(options.json ? settingJson(outcome.done) : shortSettingTable(outcome.done, widthOfOutput()));
   }
   if (outcome.failure) throw CommandFailure(*outcome.failure);
   return ExitStatus::Ok;

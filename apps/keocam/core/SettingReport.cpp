@@ -19,16 +19,28 @@ Json jsonOf(const SettingReading& reading) {
   return valueText(*setting, value.value);
 }
 
+TableRow shortRow(const SettingReading& reading) {
+  const auto& [setting, value] = reading;
+  return {setting->name, value.ok() ? valueText(*setting, value.value) : "not read", setting->unit};
+}
+
 }  // namespace
 
 std::string settingTable(const std::vector<SettingReading>& readings, std::size_t width) {
   std::vector<TableRow> rows;
   rows.reserve(readings.size());
-  for (const auto& [setting, value] : readings) {
-    rows.push_back({setting->name, value.ok() ? valueText(*setting, value.value) : "not read", setting->unit,
-                    acceptedText(*setting)});
+  for (const SettingReading& reading : readings) {
+    rows.push_back(shortRow(reading));
+    rows.back().push_back(acceptedText(*reading.setting));
   }
   return wrappedTable({"NAME", "VALUE", "UNIT", "TAKES"}, rows, width);
+}
+
+std::string shortSettingTable(const std::vector<SettingReading>& readings, std::size_t width) {
+  std::vector<TableRow> rows;
+  rows.reserve(readings.size());
+  for (const SettingReading& reading : readings) rows.push_back(shortRow(reading));
+  return formatTable({"NAME", "VALUE", "UNIT"}, rows, width);
 }
 
 std::string settingJson(const std::vector<SettingReading>& readings) {

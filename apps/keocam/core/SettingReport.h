@@ -19,6 +19,9 @@ struct SettingReading {
 /// A heading, and name, value, unit and what can be set, within `width` columns.
 std::string settingTable(const std::vector<SettingReading>& readings, std::size_t width);
 
+/// The same without what can be set.
+std::string shortSettingTable(const std::vector<SettingReading>& readings, std::size_t width);
+
 /// An object, name to value: numbers, choices by their names, switches as booleans. What could not be read is null, and
 /// named with its status in a further object "errors".
 std::string settingJson(const std::vector<SettingReading>& readings);

@@ -17,7 +17,7 @@ constexpr const char* kTryAgain = "Try again; if that does not help, check the c
 constexpr StatusRow kRows[] = {
     {CAM_OK, "CAM_OK", "the core has done it", "There is nothing to do."},
     {CAM_RANGE_ERROR, "CAM_RANGE_ERROR", "the core refuses the value",
-     "Give another one: this core's bounds are narrower than those that are known."},
+     "Choose another; the core's own bounds are narrower than those that are known."},
     {CAM_CHECKSUM_ERROR, "CAM_CHECKSUM_ERROR", "the message or its answer was damaged on its way", kTryAgain},
     {CAM_UNDEFINED_PROCESS_ERROR, "CAM_UNDEFINED_PROCESS_ERROR", "the core does not know this kind of message",
      "The camera has another kind of core; \"keocam core info\" may tell which."},
@@ -51,6 +51,18 @@ std::string adviceOn(ResponseStatuses status) { return rowOf(status).advice; }
 
 ExitStatus exitStatusOf(ResponseStatuses status) {
   return rowOf(status).status == UNKNOWN_ERROR ? ExitStatus::LinkLost : ExitStatus::Failure;
+}
+
+bool isWorthRepeating(ResponseStatuses status) {
+  switch (rowOf(status).status) {
+    case CAM_CHECKSUM_ERROR:
+    case CAM_TIMEOUT_ERROR:
+    case CAM_BYTE_COUNT_ERROR:
+    case UNKNOWN_ERROR:
+      return true;
+    default:
+      return false;
+  }
 }
 
 CommandFailure notRead(const std::vector<FailedItem>& items) {

@@ -21,6 +21,9 @@ std::string adviceOn(ResponseStatuses status);
 /// LinkLost where no valid answer came, else Failure.
 ExitStatus exitStatusOf(ResponseStatuses status);
 
+/// Whether the same message may do better next time, because it was lost or damaged on its way.
+bool isWorthRepeating(ResponseStatuses status);
+
 /// Something that was asked of the core in vain.
 struct FailedItem {
   std::string name;

@@ -1,0 +1,44 @@
+// Tables whose last column goes on in further lines.
+#include "apps/keocam/terminal/WrappedTable.h"
+
+#include <gtest/gtest.h>
+
+namespace keocam::cli {
+namespace {
+
+TEST(WrappedTable, LongLastCell_GoesOnUnderItself) {
+  EXPECT_EQ(wrappedTable({"A", "B"}, {{"x", "one two three four five six"}, {"y", "1"}}, 24),
+            "A  B\n"
+            "x  one two three four\n"
+            "   five six\n"
+            "y  1\n");
+}
+
+TEST(WrappedTable, LineThatFitsExactly_IsNotBroken) {
+  EXPECT_EQ(wrappedTable({"A", "B"}, {{"x", "12345678901 345678901"}}, 24), "A  B\nx  12345678901 345678901\n");
+  EXPECT_EQ(wrappedTable({"A", "B"}, {{"x", "12345678901 3456789012"}}, 24), "A  B\nx  12345678901\n   3456789012\n");
+}
+
+TEST(WrappedTable, WithoutWidth_NothingIsBroken) {
+  const std::string text(500, 'b');
+  EXPECT_EQ(wrappedTable({"A", "B"}, {{"x", text + ' ' + text}}, kUnlimitedWidth),
+            "A  B\nx  " + text + ' ' + text + '\n');
+}
+
+TEST(WrappedTable, WordLongerThanTheLine_IsCut) {
+  EXPECT_EQ(wrappedTable({"A", "B"}, {{"x", std::string(40, 'b')}}, 24), "A  B\nx  " + std::string(20, 'b') + "~\n");
+}
+
+TEST(WrappedTable, EmptyCellsAndNoRows_AreHarmless) {
+  EXPECT_EQ(wrappedTable({"A", "B"}, {{"x", ""}}, 80), "A  B\nx\n");
+  EXPECT_EQ(wrappedTable({"A", "B"}, {}, 80), "A  B\n");
+  EXPECT_EQ(wrappedTable({}, {}, 80), "");
+}
+
+TEST(WrappedTable, NarrowTerminal_StillEnds) {
+  const std::string table = wrappedTable({"NAME", "TAKES"}, {{"a-name-of-some-length", "one two three"}}, 1);
+  EXPECT_NE(table.find("NAME"), std::string::npos) << table;
+}
+
+}  // namespace
+}  // namespace keocam::cli
