@@ -1,22 +1,11 @@
 // The object itself, and messages of any kind.
 #include "serial/CameraSerialSettings.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 
-#include "base/Log.h"
 #include "serial/Crc16.h"
 #include "serial/Frame.h"
-#include "serial/SerialExchange.h"
-
-namespace {
-
-constexpr uint32_t kReadTimeout_ms = 500;
-
-void tell(const std::string& failure) { keocam::printErrorLine("CameraSerialSettings::sendMessage: " + failure); }
-
-}  // namespace
+#include "serial/ParameterAccess.h"
 
 CameraSerialSettings::CameraSerialSettings(PvDevice* connected, PvDeviceSerial port)
     : device(connected), serialPort(port) {}
@@ -51,24 +40,10 @@ unsigned char* CameraSerialSettings::prepareMessage(unsigned char functionCode, 
 
 unsigned char* CameraSerialSettings::sendMessage(unsigned char* frame, unsigned short byteCount, int waitMicroseconds) {
   keocam::ReplyBuffer reply;
-  const char* failure = nullptr;
-  {
-    keocam::SerialExchange exchange(device, serialPort);
-    if (!exchange.write(frame, byteCount + keocam::kFrameOverhead_bytes)) {
-      failure = "Error writing message to camera.";
-    } else {
-      usleep(static_cast<useconds_t>(std::max(waitMicroseconds, 0)));
-      if (!exchange.read(reply, kReadTimeout_ms)) failure = "Error reading message from camera.";
-    }
-  }
-  if (failure != nullptr) {
-    tell(failure);
-    return nullptr;
-  }
-  if (reply.status() != CAM_OK) {
-    tell("Camera response error: " + ResponseToString(reply.status()));
-    return nullptr;
-  }
+  const std::size_t size = byteCount + keocam::kFrameOverhead_bytes;
+  const ResponseStatuses status =
+      keocam::exchangeMessage({device, serialPort}, frame, size, waitMicroseconds, reply, keocam::Report::Printed);
+  if (status != CAM_OK) return nullptr;
   auto* const answer = new unsigned char[reply.bytes.size()];
   std::copy(reply.bytes.begin(), reply.bytes.end(), answer);
   return answer;

@@ -13,12 +13,15 @@
 /// One object per connected camera; the device must be connected, and its bridge set to the core's 57600 baud, 8N1.
 ///
 /// Every operation is one exchange or a few, each of which opens the port, asks, waits for the answer and closes the
-/// port again. It blocks its caller meanwhile, some 20 ms as a rule, up to half a second for a core that is silent.
-/// There is no lock: operations of one camera must not overlap. A failed exchange is reported by a line on standard
-/// error.
+/// port again. It blocks its caller meanwhile, some 20 ms as a rule; a silent core costs a getter 0.1 s and a setter
+/// 0.5 s per exchange, the longest, an isotherm's, 0.8 s. There is no lock: operations of one camera must not overlap.
+/// A failed exchange is reported by a line on standard error.
 ///
-/// Getters cannot say that their exchange failed: they then return what an answer of zeros means. Applications that
-/// need to know use keocam::readSetting and its like in serial/CoreSettings.h and serial/CoreReadings.h, which return
+/// Getters cannot say that their exchange failed: they then return what an answer of zeros means, which is 0, off or
+/// the first choice unless their comment says otherwise. Setters of a choice or a switch return nothing; a value that
+/// is none of the choices is not sent. Setters of a number return the status: CAM_RANGE_ERROR, with nothing sent, for a
+/// number above the bound that their comment gives; without a bound all values are sent. Applications that need to know
+/// use keocam::readSetting and its like in serial/CoreSettings.h and serial/CoreReadings.h, which return
 /// the value together with its status and check the whole answer. In the members here, as applications rely on, the
 /// status byte of an answer alone decides.
 class CameraSerialSettings {
@@ -45,7 +48,8 @@ class CameraSerialSettings {
   bool GetDebugMessages();
   void SetDebugMessages(bool debugMessages);
 
-  /// @name Messages
+  // Messages.
+
   /// CRC-16/XMODEM of `length` bytes with its two bytes exchanged, so that a little-endian host stores it as the wire
   /// wants it. 0 for a length of 0 or less.
   unsigned short CalculateCRC(void* data, int length);
@@ -61,20 +65,25 @@ class CameraSerialSettings {
   /// The status' name; "UNKNOWN_ERROR" for those above 7.
   std::string ResponseToString(ResponseStatuses status);
 
-  /// @name Any parameter by its code
+  // Any parameter by its code.
+
   /// Reads a parameter into `value`: 2 bytes in the host's order, or as many as they come for SERIAL_NUMBER (8),
   /// VERSION (8), FFC_PERIOD and FFC_TEMP_DELTA (4), ANALOG_VIDEO, TEMPERATURE and SHUTTER_TEMPERATURE (2),
   /// ISOTHERM_THRESHOLDS (6) and CAMERA_PART_NUMBER (32), big-endian as the core sends them. `value` is left untouched
   /// on failure, and may be null to drop what comes. TEMPERATURE reads the sensor that `temperatureSensor` tells,
-  /// RADIOMETRY the switch that `radiometrySelector` tells. CAM_NOT_READABLE for commands; UNKNOWN_ERROR for unknown
-  /// codes, for RADIOMETRIC_NONE with RADIOMETRIC_PARAMETER and for an exchange that failed; else the core's status.
+  /// RADIOMETRY the switch that `radiometrySelector` tells; a selector out of its range is sent as zeros.
+  /// CAM_NOT_READABLE for SET_DEFAULTS, CAMERA_RESET and RESTORE_FACTORY_DEFAULTS; UNKNOWN_ERROR for NO_OPERATION and
+  /// unknown codes, for RADIOMETRIC_NONE with RADIOMETRIC_PARAMETER and for an exchange that failed; else the core's
+  /// status. Reading DO_FFC is the same message as the command.
   ResponseStatuses GetParameter(FunctionCodes code, void* value, RadiometricParameters radiometric,
                                 DigitalOutputModes output);
-  /// Writes a parameter from `value`: one byte, a 16-bit number, six bytes for ISOTHERM_THRESHOLDS, two for
-  /// ANALOG_VIDEO; null for a command. CAM_RANGE_ERROR, with nothing sent, for a value that the core would not take,
-  /// for a null value where there must be one, and for selectors out of range; CAM_NOT_WRITABLE and
-  /// CAM_UNDEFINED_FUNCTION_ERROR for codes that cannot be written; UNKNOWN_ERROR for an exchange that failed; else the
-  /// core's status. AGC_TYPE ends the process for 0 to 10, see SetAGCType.
+  /// Writes a parameter from `value`: one byte for choices and switches, a 16-bit number in the host's order for
+  /// numbers, two bytes as they lie for ANALOG_VIDEO, six for ISOTHERM_THRESHOLDS; not looked at for a command.
+  /// CAM_RANGE_ERROR, with nothing sent, for a value that the core would not take, for a null value where there must be
+  /// one, and for DIGITAL_OUTPUT_MODE and RADIOMETRIC_PARAMETER without a selector of theirs. RADIOMETRY with a
+  /// `radiometrySelector` out of range is sent as zeros. CAM_NOT_WRITABLE and CAM_UNDEFINED_FUNCTION_ERROR for codes
+  /// that cannot be written; UNKNOWN_ERROR for an exchange that failed; else the core's status. AGC_TYPE ends the
+  /// process for 0 to 10, see SetAGCType.
   ResponseStatuses SetParameter(FunctionCodes code, void* value, RadiometricParameters radiometric,
                                 DigitalOutputModes output);
 
@@ -94,12 +103,12 @@ class CameraSerialSettings {
   /// @name Digital outputs and synchronisation
   XPBusModes GetXPBusMode();
   void SetXPBusMode(XPBusModes mode);
-  bool GetLVDSMode();
+  bool GetLVDSMode();  ///< true: on
   void SetLVDSMode(LVDSModes mode);
   /// True for DigitalOutputDepth::Bits8 and nothing else. keocam::settings::cmosBitDepth tells all depths apart.
   bool GetCMOSBitDepth();
   void SetCMOSBitDepth(DigitalOutputDepth depth);
-  bool GetLVDSBitDepth();
+  bool GetLVDSBitDepth();  ///< true for DigitalOutputDepth::Bits8
   /// Bits14 and Bits8 only.
   void SetLVDSBitDepth(DigitalOutputDepth depth);
   ExternalSyncModes GetExternalSync();
@@ -115,13 +124,14 @@ class CameraSerialSettings {
   void SetRevertVideo(bool revert);
 
   /// @name The core's own video. Raw values are not touched by these.
+  /// All 14 are sent and read back by their number.
   Palettes GetPalette();
   void SetPalette(Palettes palette);
   /// Always false with a core of today, whether the video is on or off; applications rely on it. The truth is
   /// keocam::settings::analogVideo.
   bool GetAnalogVideo();
   void SetAnalogVideo(bool on);
-  bool GetVideoColorMode();
+  bool GetVideoColorMode();  ///< true: colour
   void SetVideoColorMode(VideoColorModes mode);
   VideoStandards GetVideoStandard();
   /// A standard that the core has is followed by a flat-field correction, whatever the outcome.
@@ -154,12 +164,14 @@ class CameraSerialSettings {
   ResponseStatuses SetDDEGain(unsigned short gain);
   /// 4294967040 (-256) if the exchange failed.
   unsigned int GetSpatialTreshold();
+  /// 0 to 65279: the core holds 256 more, of which only 16 bits are sent.
   ResponseStatuses SetSpatialTreshold(unsigned int threshold);
 
   /// @name Isotherms
   /// One block on the core holds unit and thresholds: each setter reads the three others first, in an exchange each,
-  /// and, if that fails, takes them for 0 and percent.
-  ThresholdUnits GetIsothermThresholdUnit();
+  /// and, if that fails, takes them for 0 and percent. Thresholds are in the block's unit; the lower one is -128 to
+  /// 127.
+  ThresholdUnits GetIsothermThresholdUnit();  ///< percent if the exchange failed
   void SetIsothermThresholdUnit(ThresholdUnits unit);
   short GetIsothermThresholdLower();
   /// The low byte of `threshold` is sent.
@@ -176,11 +188,11 @@ class CameraSerialSettings {
   /// @name Commands
   /// 0 if the core answers, else -1.
   int DoNothing();
-  /// Starts a flat-field correction; the core answers before it is done.
+  /// One flat-field correction. The core may answer before it is done.
   ResponseStatuses DoFFC();
   /// Makes the present settings those that the core powers up with.
   ResponseStatuses DoSetDefaults();
-  /// Restarts the core. It answers, and then is silent for seconds.
+  /// Restarts the core, which may be silent for seconds after its answer.
   ResponseStatuses DoCameraReset();
   /// Makes the factory's settings the present ones and those that the core powers up with.
   ResponseStatuses DoRestoreFactoryDefaults();

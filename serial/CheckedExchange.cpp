@@ -7,14 +7,22 @@ namespace {
 
 CorePort portOf(const CameraSerialSettings& core) { return {core.device, core.serialPort}; }
 
+// What the core says counts only if the reply is sound. A refusal has no payload to speak of.
+ResponseStatuses checked(ResponseStatuses status, const ReplyBuffer& reply, uint8_t code, std::size_t payload_bytes) {
+  if (reply.size == 0) return status;
+  const ResponseStatuses soundness = verifyReply(reply, code, status == CAM_OK ? payload_bytes : 0);
+  return soundness != CAM_OK ? soundness : status;
+}
+
 }  // namespace
 
 CoreValue<ReplyBuffer> checkedRead(CameraSerialSettings& core, FunctionCodes code, const Selectors& selectors) {
   CoreValue<ReplyBuffer> reply{UNKNOWN_ERROR, {}};
   const ParameterRequest request = readRequest(code, selectors);
   reply.status = request.refusal;
-  if (reply.ok()) reply.status = exchangeRead(portOf(core), request.frame, reply.value, Report::Silent);
-  if (reply.ok()) reply.status = verifyReply(reply.value, code, request.row->reading.reply_bytes);
+  if (!reply.ok()) return reply;
+  const ResponseStatuses status = exchangeRead(portOf(core), request.frame, reply.value, Report::Silent);
+  reply.status = checked(status, reply.value, code, request.row->reading.reply_bytes);
   return reply;
 }
 
@@ -25,7 +33,7 @@ ResponseStatuses checkedWrite(CameraSerialSettings& core, FunctionCodes code, co
   if (!acceptsValue(request.row->writing, value)) return CAM_RANGE_ERROR;
   ReplyBuffer reply;
   const ResponseStatuses status = exchangeWrite(portOf(core), request.frame, reply, Report::Silent);
-  return status == CAM_OK ? verifyReply(reply, code, 0) : status;
+  return checked(status, reply, code, 0);
 }
 
 }  // namespace keocam

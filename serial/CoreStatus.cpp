@@ -1,6 +1,5 @@
 // The core's readings and commands.
 #include <array>
-#include <cstring>
 
 #include "serial/CameraSerialSettings.h"
 #include "serial/CoreTemperature.h"

@@ -10,12 +10,12 @@ namespace {
 
 template <typename T>
 T get(CameraSerialSettings& core, const Setting<T>& setting) {
-  return static_cast<T>(keocam::getSetting(core, setting));
+  return static_cast<T>(keocam::getLeniently(core, setting));
 }
 
 template <typename T>
 ResponseStatuses set(CameraSerialSettings& core, const Setting<T>& setting, T value) {
-  return keocam::setSetting(core, setting, static_cast<int>(value));
+  return keocam::setLeniently(core, setting, static_cast<int>(value));
 }
 
 ResponseStatuses setInvertAndRevert(CameraSerialSettings& core, bool invert, bool revert) {
@@ -33,7 +33,6 @@ struct Isotherms {
 };
 
 ResponseStatuses setIsotherms(CameraSerialSettings& core, const Isotherms& isotherms) {
-  if (!hasValue(settings::isothermUnit, static_cast<int>(isotherms.unit))) return CAM_RANGE_ERROR;
   keocam::SettingPayload block{};
   encodeSetting(settings::isothermUnit, static_cast<int>(isotherms.unit), block);
   encodeSetting(settings::isothermLower, isotherms.lower, block);

@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <optional>
 #include <string>
 
 #include "base/Log.h"
@@ -12,8 +14,8 @@ namespace {
 
 constexpr useconds_t kAfterWrite_us = 1'000;
 constexpr useconds_t kBeforeRead_us = 10'000;
-constexpr uint32_t kReadTimeout_ms = 100;
-constexpr uint32_t kWriteTimeout_ms = 500;
+constexpr uint32_t kAnswerToRead_ms = 100;
+constexpr uint32_t kAnswerToRest_ms = 500;
 
 /// How far an exchange got.
 enum class Reached : uint8_t { Nothing, Port, Core, Answer };
@@ -52,14 +54,22 @@ Reached read(const CorePort& core, const std::vector<uint8_t>& request, ReplyBuf
     return Reached::Port;
   }
   usleep(kBeforeRead_us);
-  return exchange.read(reply, kReadTimeout_ms) ? Reached::Answer : Reached::Core;
+  return exchange.read(reply, kAnswerToRead_ms) ? Reached::Answer : Reached::Core;
 }
 
 // A port that did not open shows as one that cannot be written to.
-Reached write(const CorePort& core, const std::vector<uint8_t>& request, ReplyBuffer& reply) {
+Reached send(const CorePort& core, const uint8_t* frame, std::size_t size, std::optional<int> wait_us,
+             ReplyBuffer& reply) {
   SerialExchange exchange(core.device, core.port);
-  if (!exchange.write(request.data(), request.size())) return Reached::Port;
-  return exchange.read(reply, kWriteTimeout_ms) ? Reached::Answer : Reached::Core;
+  if (!exchange.write(frame, size)) return Reached::Port;
+  if (wait_us) usleep(static_cast<useconds_t>(std::max(*wait_us, 0)));
+  return exchange.read(reply, kAnswerToRest_ms) ? Reached::Answer : Reached::Core;
+}
+
+ResponseStatuses statusAfter(Reached reached, const ReplyBuffer& reply, const FailureReport& failure) {
+  if (reached == Reached::Answer) return failure.statusOf(reply);
+  failure.tell(reached == Reached::Core ? "Error reading message from camera." : "Error writing message to camera.");
+  return UNKNOWN_ERROR;
 }
 
 }  // namespace
@@ -84,19 +94,14 @@ ResponseStatuses exchangeRead(const CorePort& core, const std::vector<uint8_t>& 
 
 ResponseStatuses exchangeWrite(const CorePort& core, const std::vector<uint8_t>& request, ReplyBuffer& reply,
                                Report report) {
-  const FailureReport failure(report, "SetParameter");
-  switch (write(core, request, reply)) {
-    case Reached::Nothing:
-    case Reached::Port:
-      failure.tell("Error writing message to camera.");
-      return UNKNOWN_ERROR;
-    case Reached::Core:
-      failure.tell("Error reading message from camera.");
-      return UNKNOWN_ERROR;
-    case Reached::Answer:
-      break;
-  }
-  return failure.statusOf(reply);
+  const Reached reached = send(core, request.data(), request.size(), std::nullopt, reply);
+  return statusAfter(reached, reply, FailureReport(report, "SetParameter"));
+}
+
+ResponseStatuses exchangeMessage(const CorePort& core, const uint8_t* frame, std::size_t size, int wait_us,
+                                 ReplyBuffer& reply, Report report) {
+  const Reached reached = send(core, frame, size, wait_us, reply);
+  return statusAfter(reached, reply, FailureReport(report, "sendMessage"));
 }
 
 }  // namespace keocam

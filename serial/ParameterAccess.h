@@ -1,6 +1,7 @@
-// The exchanges that reading and writing a parameter make.
+// The exchanges that the core's messages make: reading a parameter, writing one, and any other.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -27,5 +28,9 @@ ResponseStatuses exchangeRead(const CorePort& core, const std::vector<uint8_t>& 
 /// Sends a request that writes or commands and waits up to 500 ms for the answer; for the rest as exchangeRead.
 ResponseStatuses exchangeWrite(const CorePort& core, const std::vector<uint8_t>& request, ReplyBuffer& reply,
                                Report report);
+
+/// Sends any request, waits `wait_us`, then up to 500 ms for the answer; for the rest as exchangeRead.
+ResponseStatuses exchangeMessage(const CorePort& core, const uint8_t* frame, std::size_t size, int wait_us,
+                                 ReplyBuffer& reply, Report report);
 
 }  // namespace keocam

@@ -32,6 +32,7 @@ std::vector<uint8_t> makeFrame(FunctionCodes code, const std::vector<uint8_t>& p
 }
 
 void append(std::vector<uint8_t>& payload, const Writing& writing, const void* value) {
+  if (writing.form == ValueForm::None) return;
   std::vector<uint8_t> bytes(writing.value_bytes);
   if (value != nullptr) std::memcpy(bytes.data(), value, bytes.size());
   if (writing.form == ValueForm::Word) {

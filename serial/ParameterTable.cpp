@@ -82,7 +82,7 @@ constexpr bool codesAscend() {
 }
 static_assert(codesAscend(), "each code has one row, and findParameter searches by halves");
 
-constexpr bool repliesFitTheirForms() {
+constexpr bool sizesFitTheirForms() {
   for (const ParameterRow& row : kRows) {
     const bool readable = row.reading.access == ReadAccess::Readable;
     if (readable != (row.reading.reply_bytes > 0)) return false;
@@ -91,7 +91,7 @@ constexpr bool repliesFitTheirForms() {
   }
   return true;
 }
-static_assert(repliesFitTheirForms());
+static_assert(sizesFitTheirForms());
 
 // Indexed by DigitalOutputModes.
 constexpr std::array<SelectorBytes, 4> kDigitalOutputs = {{

@@ -3,7 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
 
 #include "PvDeviceAdapter.h"
 #include "PvDeviceSerialPort.h"

@@ -26,7 +26,7 @@ CallerValue callerValue(FunctionCodes code, const SettingPayload& payload) {
   return value;
 }
 
-int getSetting(CameraSerialSettings& core, const SettingRow& setting) {
+int getLeniently(CameraSerialSettings& core, const SettingRow& setting) {
   // Zeros stay where the exchange fails.
   SettingPayload payload{};
   const ParameterRow* const row = findParameter(setting.code);
@@ -40,7 +40,7 @@ int getSetting(CameraSerialSettings& core, const SettingRow& setting) {
   return decodeSetting(setting, payload);
 }
 
-ResponseStatuses setSetting(CameraSerialSettings& core, const SettingRow& setting, int value) {
+ResponseStatuses setLeniently(CameraSerialSettings& core, const SettingRow& setting, int value) {
   if (!setting.choices.empty() && !hasValue(setting, value)) return CAM_RANGE_ERROR;
   SettingPayload payload{};
   encodeSetting(setting, value, payload);

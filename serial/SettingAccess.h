@@ -15,10 +15,10 @@ union CallerValue {
 CallerValue callerValue(FunctionCodes code, const SettingPayload& payload);
 
 /// Reads the setting; what zeros mean if that fails.
-int getSetting(CameraSerialSettings& core, const SettingRow& setting);
+int getLeniently(CameraSerialSettings& core, const SettingRow& setting);
 
 /// Writes a setting that does not share its value, by SetParameter. CAM_RANGE_ERROR, with nothing sent, for a value
 /// that is none of its choices.
-ResponseStatuses setSetting(CameraSerialSettings& core, const SettingRow& setting, int value);
+ResponseStatuses setLeniently(CameraSerialSettings& core, const SettingRow& setting, int value);
 
 }  // namespace keocam

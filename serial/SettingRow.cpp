@@ -23,8 +23,16 @@ void storeWord(int value, SettingPayload& payload, std::size_t offset) {
   payload[offset + 1] = static_cast<uint8_t>(static_cast<unsigned int>(value) & 0xFF);
 }
 
+// Two settings share a word as its bits 0 and 1; any other word means that both are off.
+constexpr int kHighestPair = 3;
+
+int pairAt(const SettingPayload& payload) {
+  const int word = wordAt(payload, 0);
+  return word <= kHighestPair ? word : 0;
+}
+
 void storeBit(int bit, int value, SettingPayload& payload) {
-  const int others = wordAt(payload, 0) & ~bit;
+  const int others = pairAt(payload) & ~bit;
   storeWord(value != 0 ? others | bit : others, payload, 0);
 }
 
@@ -99,11 +107,10 @@ int decodeSetting(const SettingRow& setting, const SettingPayload& payload) {
       return wordAt(payload, 0) - kThresholdOffset;
     case SettingForm::AnalogVideo:
       return wordAt(payload, 0) != kAnalogVideoOff ? 1 : 0;
-    // Both bits are looked at together: a word above 3 has neither.
     case SettingForm::LowBit:
-      return wordAt(payload, 0) <= 3 ? wordAt(payload, 0) & 1 : 0;
+      return pairAt(payload) & 1;
     case SettingForm::SecondBit:
-      return wordAt(payload, 0) <= 3 ? wordAt(payload, 0) >> 1 : 0;
+      return pairAt(payload) >> 1;
     case SettingForm::IsothermUnit:
       return payload[0] < kCelsiusFlag ? 1 : 0;
     case SettingForm::IsothermLower:

@@ -12,7 +12,7 @@ namespace keocam {
 /// One choice of a setting that has names for its values.
 struct SettingChoice {
   int value;         ///< the interface's number
-  int wire;          ///< the core's number; kNotOnTheWire for a value that the core does not have
+  int wire;          ///< the core's number, of forms Choice and AnalogVideo; kNotOnTheWire for one that it lacks
   const char* name;  ///< such as "automatic"
 };
 constexpr int kNotOnTheWire = -1;
@@ -24,8 +24,8 @@ enum class SettingForm : uint8_t {
   SignedWord,      ///< the first word, signed
   WordAbove256,    ///< the first word, less 256
   AnalogVideo,     ///< the first word: 2 is off, all else on
-  LowBit,          ///< bit 0 of the first word; the other bits are another setting's
-  SecondBit,       ///< bit 1 of the first word, likewise
+  LowBit,          ///< bit 0 of a first word up to 3, else 0; the other bits are another setting's
+  SecondBit,       ///< bit 1 of a first word up to 3, else 0, likewise
   IsothermUnit,    ///< byte 0 of six: 0x80 or above is 0, below is 1; the other bytes are other settings'
   IsothermLower,   ///< byte 1, signed, likewise
   IsothermMiddle,  ///< bytes 2 and 3, signed, likewise

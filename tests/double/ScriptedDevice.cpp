@@ -96,6 +96,8 @@ PvDevice* PvLayer::makeDevice(const scripted::Device& device) {
   return new PvDevice(std::move(state));
 }
 
+std::string PvLayer::nameOf(const PvDevice& device) { return nullable(device.state_->device->display_id); }
+
 void PvDevice::Free(PvDevice* device) {
   eventLog().add("PvDevice::Free");
   delete device;

@@ -7,6 +7,7 @@
 
 #include "PvBuffer.h"
 #include "PvDevice.h"
+#include "PvDeviceAdapter.h"
 #include "PvDeviceInfo.h"
 #include "PvGenCommand.h"
 #include "PvGenParameterArray.h"
@@ -47,6 +48,8 @@ struct PvLayer {
   static PvGenCommand* makeCommand(const std::string& name);
   static std::unique_ptr<PvGenParameterArray> makeParameters(const scripted::Device& device);
   static PvDevice* makeDevice(const scripted::Device& device);
+  static std::string nameOf(const PvDevice& device);
+  static const PvDevice* deviceOf(const PvDeviceAdapter& adapter);
   static PvStream* makeStream(const scripted::Device& device);
   static std::unique_ptr<PvBuffer> makeBuffer(uint8_t first_byte);
 };

@@ -67,7 +67,8 @@ Network& network();
 const PvDeviceInfo* infoOf(const std::shared_ptr<Device>& device);
 void releaseInfos();
 
-/// Objects of the double that are alive: "PvDevice", "PvStream", "PvPipeline", "PvSystem".
+/// Objects of the double that are alive: "PvDevice", "PvDeviceAdapter", "PvDeviceSerialPort", "PvStream", "PvPipeline",
+/// "PvSystem".
 int liveObjects(const std::string& kind);
 
 }  // namespace scripted

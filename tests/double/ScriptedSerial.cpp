@@ -15,6 +15,8 @@ PvResult outcome(bool success, PvResult::Code failure) {
   return success ? PvResult() : PvResult(failure, "the script says so");
 }
 
+std::string nameOf(const PvDevice* device) { return device != nullptr ? PvLayer::nameOf(*device) : "no device"; }
+
 }  // namespace
 
 struct PvDeviceAdapter::State {
@@ -22,9 +24,11 @@ struct PvDeviceAdapter::State {
   PvDevice* device;
 };
 
+const PvDevice* PvLayer::deviceOf(const PvDeviceAdapter& adapter) { return adapter.state_->device; }
+
 PvDeviceAdapter::PvDeviceAdapter(PvDevice* device) : state_(new State) {
   state_->device = device;
-  eventLog().add(device != nullptr ? "PvDeviceAdapter::PvDeviceAdapter" : "PvDeviceAdapter::PvDeviceAdapter no device");
+  eventLog().add("PvDeviceAdapter::PvDeviceAdapter " + nameOf(device));
 }
 PvDeviceAdapter::~PvDeviceAdapter() { eventLog().add("PvDeviceAdapter::~PvDeviceAdapter"); }
 
@@ -36,7 +40,8 @@ PvDeviceSerialPort::PvDeviceSerialPort() : state_(std::make_unique<State>()) {}
 PvDeviceSerialPort::~PvDeviceSerialPort() { eventLog().add("PvDeviceSerialPort::~PvDeviceSerialPort"); }
 
 PvResult PvDeviceSerialPort::Open(PvDeviceAdapter* adapter, PvDeviceSerial port) {
-  eventLog().add("PvDeviceSerialPort::Open " + std::to_string(port) + (adapter != nullptr ? "" : " no adapter"));
+  const PvDevice* const device = adapter != nullptr ? PvLayer::deviceOf(*adapter) : nullptr;
+  eventLog().add("PvDeviceSerialPort::Open " + std::to_string(port) + " of " + nameOf(device));
   return outcome(network().serial.opens, PvResult::Code::NotConnected);
 }
 

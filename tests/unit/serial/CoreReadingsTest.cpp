@@ -14,6 +14,7 @@ TEST_F(CoreReadingsTest, Temperatures_ChangeNothingElse) {
   core_.temperatureSensor = 1;
   replyTo(32, {0x01, 0x2C});
   EXPECT_EQ(keocam::readSensorTemperatureC(core_).value, 30.0);
+  EXPECT_EQ(core_.temperatureSensor, 1u);
   core_.temperatureSensor = 0;
   replyTo(32, {0x0C, 0x35});
   EXPECT_EQ(keocam::readHousingTemperatureC(core_).value, 31.25);

@@ -1,6 +1,7 @@
 // Settings with their status, and the table of them.
 #include "serial/CoreSettings.h"
 
+#include <functional>
 #include <set>
 
 #include "serial/ParameterTable.h"
@@ -28,6 +29,8 @@ TEST_F(CoreSettingsTest, Table_EveryRowIsReadableAndWritableOnTheCore) {
     ASSERT_NE(parameter, nullptr) << row->name;
     EXPECT_EQ(parameter->reading.access, keocam::ReadAccess::Readable) << row->name;
     EXPECT_EQ(parameter->writing.access, keocam::WriteAccess::Writable) << row->name;
+    EXPECT_LE(parameter->reading.reply_bytes, keocam::SettingPayload{}.size()) << row->name;
+    EXPECT_LE(parameter->writing.value_bytes, keocam::SettingPayload{}.size()) << row->name;
   }
 }
 
@@ -93,8 +96,14 @@ TEST_F(CoreSettingsTest, Read_EveryFailure_HasItsStatus_AndPrintsNothing) {
   EXPECT_EQ(keocam::readSetting(core_, settings::contrast).status, UNKNOWN_ERROR) << "no answer";
   replyTo(20, {}, 0x0A);
   EXPECT_EQ(keocam::readSetting(core_, settings::contrast).status, CAM_FEATURE_NOT_ENABLED);
-  replyTo(21, {0x00, 0x07});
-  EXPECT_EQ(keocam::readSetting(core_, settings::contrast).status, UNKNOWN_ERROR) << "an answer to something else";
+  for (const uint8_t status : Bytes{0x00, 0x0A}) {
+    replyTo(21, {0x00, 0x07}, status);
+    EXPECT_EQ(keocam::readSetting(core_, settings::contrast).status, UNKNOWN_ERROR) << "an answer to something else";
+    Bytes damaged = core_frames::frame(20, {}, status);
+    damaged.back() = static_cast<uint8_t>(~damaged.back());
+    reply(damaged);
+    EXPECT_NE(keocam::readSetting(core_, settings::contrast).status, CAM_FEATURE_NOT_ENABLED) << "not to be trusted";
+  }
   replyTo(20, {0x07});
   EXPECT_EQ(keocam::readSetting(core_, settings::contrast).status, CAM_BYTE_COUNT_ERROR);
   Bytes damaged = core_frames::frame(20, {0x00, 0x07});
@@ -141,6 +150,73 @@ TEST_F(CoreSettingsTest, Write_ValueThatTheSettingLacks_SendsNothing) {
   }
   EXPECT_EQ(keocam::writeSetting(core_, settings::videoStandard, VideoStandards::Reserved), CAM_RANGE_ERROR);
   EXPECT_EQ(takeAll(), Log{});
+}
+
+/// What a setting's own member sends for a value, beside the setting.
+struct MemberOfSetting {
+  const keocam::SettingRow& setting;
+  int value;
+  std::function<void(CameraSerialSettings&)> set;
+};
+
+TEST_F(CoreSettingsTest, Write_EverySetting_SendsWhatItsMemberSends) {
+  using Core = CameraSerialSettings;
+  const std::vector<MemberOfSetting> members = {
+      {settings::ffcMode, 2, [](Core& core) { core.SetFFCMode(FFCModes::External); }},
+      {settings::ffcPeriod, 30000, [](Core& core) { core.SetFFCPeriod(30000); }},
+      {settings::ffcTempDelta, 10, [](Core& core) { core.SetFFCTempDelta(10); }},
+      {settings::ffcWarnTime, 600, [](Core& core) { core.SetFFCWarnTime(600); }},
+      {settings::xpBusMode, 2, [](Core& core) { core.SetXPBusMode(XPBusModes::Cmos); }},
+      {settings::lvdsMode, 1, [](Core& core) { core.SetLVDSMode(LVDSModes::On); }},
+      {settings::cmosBitDepth, 3, [](Core& core) { core.SetCMOSBitDepth(DigitalOutputDepth::Bits16YCbCr); }},
+      {settings::lvdsBitDepth, 1, [](Core& core) { core.SetLVDSBitDepth(DigitalOutputDepth::Bits8); }},
+      {settings::externalSync, 1, [](Core& core) { core.SetExternalSync(ExternalSyncModes::Master); }},
+      {settings::testPattern, 6, [](Core& core) { core.SetTestPattern(TestPatterns::SteppedRamp); }},
+      {settings::palette, 13, [](Core& core) { core.SetPalette(Palettes::GreenHot); }},
+      {settings::analogVideo, 0, [](Core& core) { core.SetAnalogVideo(false); }},
+      {settings::videoColorMode, 1, [](Core& core) { core.SetVideoColorMode(VideoColorModes::Color); }},
+      {settings::spotDisplayMode, 3, [](Core& core) { core.SetSpotDisplayMode(SpotDisplayModes::NumberAndBar); }},
+      {settings::spotMeterMode, 2, [](Core& core) { core.SetSpotMeterMode(SpotMeterModes::Celsius); }},
+      {settings::contrast, 255, [](Core& core) { core.SetContrast(255); }},
+      {settings::brightness, 16383, [](Core& core) { core.SetBrightness(16383); }},
+      {settings::brightnessBias, -300, [](Core& core) { core.SetBrightnessBias(-300); }},
+      {settings::agcFilter, 255, [](Core& core) { core.SetAGCFilter(255); }},
+      {settings::plateauLevel, 4095, [](Core& core) { core.SetPlateauLevel(4095); }},
+      {settings::agcMidpoint, 255, [](Core& core) { core.SetAGCMidpoint(255); }},
+      {settings::maxAgcGain, 255, [](Core& core) { core.SetMaxACGGain(255); }},
+      {settings::ddeGain, 65535, [](Core& core) { core.SetDDEGain(65535); }},
+      {settings::spatialThreshold, 65279, [](Core& core) { core.SetSpatialTreshold(65279); }},
+  };
+  std::set<const keocam::SettingRow*> tested;
+  for (const MemberOfSetting& member : members) {
+    tested.insert(&member.setting);
+    replyTo(member.setting.code, {});
+    member.set(core_);
+    const Log sent = takeAll();
+    replyTo(member.setting.code, {});
+    EXPECT_EQ(keocam::writeSetting(core_, member.setting, member.value), CAM_OK) << member.setting.name;
+    EXPECT_EQ(takeAll(), sent) << member.setting.name;
+  }
+  // Those that are written otherwise than by their members, and have tests of their own.
+  for (const keocam::SettingRow* row : keocam::allSettings()) {
+    const bool apart = keocam::sharesItsValue(*row) || row == &settings::agcType || row == &settings::videoStandard;
+    EXPECT_EQ(tested.count(row), apart ? 0u : 1u) << row->name;
+  }
+}
+
+TEST_F(CoreSettingsTest, Write_VideoStandard_LeavesTheCorrectionToTheCaller) {
+  replyTo(114, {});
+  EXPECT_EQ(keocam::writeSetting(core_, settings::videoStandard, VideoStandards::Ntsc60Hz), CAM_OK);
+  EXPECT_EQ(takeRequests(), requests({{114, {0x00, 0x04}}}));
+}
+
+TEST_F(CoreSettingsTest, WriteInvert_WordThatMeansNeither_LeavesRevertOff) {
+  for (const Bytes& held : {Bytes{0x01, 0x02}, Bytes{0x00, 0x04}, Bytes{0xFF, 0xFF}}) {
+    replyTo(17, held);
+    replyTo(17, {});
+    EXPECT_EQ(keocam::writeSetting(core_, settings::invertVideo, true), CAM_OK);
+    EXPECT_EQ(takeRequests(), requests({{17, {}}, {17, {0x00, 0x01}}}));
+  }
 }
 
 TEST_F(CoreSettingsTest, WriteShared_ReadsOnceAndKeepsTheRest) {

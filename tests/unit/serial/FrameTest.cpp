@@ -115,6 +115,22 @@ TEST_F(FrameTest, VerifyReply_AnyBitFlippedOrByteMissing_IsNoticed) {
   }
 }
 
+TEST_F(FrameTest, VerifyReply_LengthsBeyondTheBuffer_AreRefused) {
+  keocam::ReplyBuffer reply;
+  const Bytes longest = core_frames::frame(20, Bytes(1014));
+  ASSERT_EQ(longest.size(), reply.bytes.size());
+  std::memcpy(reply.bytes.data(), longest.data(), longest.size());
+  reply.size = 1024;
+  EXPECT_EQ(keocam::verifyReply(reply, 20, 2), CAM_OK);
+  reply.size = 1025;
+  EXPECT_EQ(keocam::verifyReply(reply, 20, 2), CAM_BYTE_COUNT_ERROR);
+
+  const Bytes too_long = core_frames::frame(20, Bytes(0xFFFF));  // its header is sound
+  std::memcpy(reply.bytes.data(), too_long.data(), reply.bytes.size());
+  reply.size = 1024;
+  EXPECT_EQ(keocam::verifyReply(reply, 20, 2), CAM_BYTE_COUNT_ERROR);
+}
+
 TEST_F(FrameTest, NewObject_HasTheDefaults_AndSendsNothing) {
   EXPECT_EQ(core_.device, device_.get());
   EXPECT_EQ(core_.serialPort, kPort);
@@ -142,7 +158,7 @@ TEST_F(FrameTest, SetPvDeviceSerial_NextExchangeUsesIt) {
   core_.SetPvDeviceSerial(PvDeviceSerial1);
   EXPECT_EQ(core_.GetPvDeviceSerial(), PvDeviceSerial1);
   core_.DoNothing();
-  EXPECT_EQ(take({"PvDeviceSerialPort::Open"}), Log{"PvDeviceSerialPort::Open 1"});
+  EXPECT_EQ(take({"PvDeviceSerialPort::Open"}), Log{"PvDeviceSerialPort::Open 1 of Cam A"});
 }
 
 TEST_F(FrameTest, SetDebugMessages_IsKept) {

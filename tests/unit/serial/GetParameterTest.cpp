@@ -1,4 +1,5 @@
 // GetParameter: every code's request and reply, the order of the exchange, and every way it can fail.
+#include <algorithm>
 #include <map>
 
 #include "tests/unit/serial/CoreTest.h"
@@ -119,7 +120,7 @@ TEST_F(GetParameterTest, RadiometricParameter_AsksWithItsSubCode) {
   }
 }
 
-const Log kOpened = {"PvDeviceAdapter::PvDeviceAdapter", "PvDeviceSerialPort::Open 2"};
+const Log kOpened = {"PvDeviceAdapter::PvDeviceAdapter Cam A", "PvDeviceSerialPort::Open 2 of Cam A"};
 const Log kDestroyed = {"PvDeviceSerialPort::~PvDeviceSerialPort", "PvDeviceAdapter::~PvDeviceAdapter"};
 
 Log operator+(Log left, const Log& right) {

@@ -1,6 +1,7 @@
 // Every imaging setting, both ways: the wire value of each value, and what each word of a reply means.
 #include <functional>
 #include <map>
+#include <optional>
 
 #include "tests/unit/serial/CoreTest.h"
 

@@ -19,8 +19,8 @@ TEST_F(SendMessageTest, Answered_OrderOfTheExchange) {
   const auto answer = send(250'000);
   ASSERT_NE(answer, nullptr);
   const Log expected = {
-      "PvDeviceAdapter::PvDeviceAdapter",
-      "PvDeviceSerialPort::Open 2",
+      "PvDeviceAdapter::PvDeviceAdapter Cam A",
+      "PvDeviceSerialPort::Open 2 of Cam A",
       kWrite,
       "usleep 250000 us",
       "PvDeviceSerialPort::GetRxBytesReady",
@@ -51,8 +51,8 @@ TEST_F(SendMessageTest, WriteFails_SaysSoAfterClosing) {
   scripted::network().serial.takes_writes = false;
   EXPECT_EQ(send(1000), nullptr);
   const Log expected = {
-      "PvDeviceAdapter::PvDeviceAdapter",
-      "PvDeviceSerialPort::Open 2",
+      "PvDeviceAdapter::PvDeviceAdapter Cam A",
+      "PvDeviceSerialPort::Open 2 of Cam A",
       kWrite,
       "PvDeviceSerialPort::Close",
       "PvDeviceSerialPort::~PvDeviceSerialPort",
@@ -67,8 +67,8 @@ TEST_F(SendMessageTest, OpenFails_IsOnlyNoticedByTheWrite) {
   scripted::network().serial.takes_writes = false;
   EXPECT_EQ(send(1000), nullptr);
   const Log expected = {
-      "PvDeviceAdapter::PvDeviceAdapter",
-      "PvDeviceSerialPort::Open 2",
+      "PvDeviceAdapter::PvDeviceAdapter Cam A",
+      "PvDeviceSerialPort::Open 2 of Cam A",
       kWrite,
       "PvDeviceSerialPort::Close",
       "PvDeviceSerialPort::~PvDeviceSerialPort",
@@ -78,11 +78,18 @@ TEST_F(SendMessageTest, OpenFails_IsOnlyNoticedByTheWrite) {
   EXPECT_EQ(takeAll(), expected);
 }
 
+TEST_F(SendMessageTest, OpenFails_ByItself_IsNotLookedAt) {
+  scripted::network().serial.opens = false;
+  replyTo(0xFC, {});
+  EXPECT_NE(send(0), nullptr);
+  EXPECT_EQ(takePrinted(), Log{});
+}
+
 TEST_F(SendMessageTest, NoAnswer_SaysSoAfterClosing) {
   EXPECT_EQ(send(1000), nullptr);
   const Log expected = {
-      "PvDeviceAdapter::PvDeviceAdapter",
-      "PvDeviceSerialPort::Open 2",
+      "PvDeviceAdapter::PvDeviceAdapter Cam A",
+      "PvDeviceSerialPort::Open 2 of Cam A",
       kWrite,
       "usleep 1000 us",
       "PvDeviceSerialPort::GetRxBytesReady",

@@ -80,6 +80,9 @@ TEST_F(SetParameterTest, Commands_HaveNoPayload) {
     EXPECT_EQ(core_.SetParameter(static_cast<FunctionCodes>(code), nullptr, RADIOMETRIC_NONE, DIGITAL_OUTPUT_NONE),
               CAM_OK);
     EXPECT_EQ(takeRequests(), requests({{code, {}}}));
+    replyTo(code, {});
+    EXPECT_EQ(set(code, {0xFF}), CAM_OK) << "a value is not looked at";
+    EXPECT_EQ(takeRequests(), requests({{code, {}}}));
   }
 }
 
@@ -171,14 +174,15 @@ TEST_F(SetParameterTest, EveryOtherCode_IsRefusedWithNothingSent) {
 }
 
 TEST_F(SetParameterTest, NullValue_WhereThereMustBeOne_IsRefused) {
-  for (const FunctionCodes code : {FFC_MODE, FFC_PERIOD, ANALOG_VIDEO, ISOTHERM_THRESHOLDS, AGC_TYPE}) {
-    expectRefused(code, 0, core_.SetParameter(code, nullptr, RADIOMETRIC_NONE, DIGITAL_OUTPUT_NONE));
+  for (const FunctionCodes code : {FFC_MODE, FFC_PERIOD, ANALOG_VIDEO, ISOTHERM_THRESHOLDS, AGC_TYPE,
+                                   DIGITAL_OUTPUT_MODE, RADIOMETRY, RADIOMETRIC_PARAMETER}) {
+    expectRefused(code, 0, core_.SetParameter(code, nullptr, RADIOMETRIC_EMISSIVITY, XP_BUS_MODE));
   }
 }
 
 const std::vector<std::string> kConversation = {
-    "PvDeviceAdapter::PvDeviceAdapter",
-    "PvDeviceSerialPort::Open 2",
+    "PvDeviceAdapter::PvDeviceAdapter Cam A",
+    "PvDeviceSerialPort::Open 2 of Cam A",
     "PvDeviceSerialPort::Write " + scripted::hex(core_frames::frame(20, {0x00, 0x07})),
     "PvDeviceSerialPort::GetRxBytesReady",
     "PvDeviceSerialPort::Read 1024 500",
@@ -198,6 +202,13 @@ TEST_F(SetParameterTest, NoAnswer_SaysSoAfterClosing) {
   Log expected = kConversation;
   expected.emplace_back("err: CameraSerialSettings::SetParameter: Error reading message from camera.\\n");
   EXPECT_EQ(takeAll(), expected);
+}
+
+TEST_F(SetParameterTest, OpenFails_ByItself_IsNotLookedAt) {
+  scripted::network().serial.opens = false;
+  replyTo(20, {0x00, 0x07});
+  EXPECT_EQ(setWord(20, 7), CAM_OK);
+  EXPECT_EQ(takeAll(), kConversation);
 }
 
 TEST_F(SetParameterTest, WriteOrOpenFails_SaysSoAfterClosing) {
