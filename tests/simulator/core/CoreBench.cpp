@@ -16,7 +16,7 @@ uint16_t crcOf(const Bytes& bytes) {
   // The remainder of the message followed by sixteen zero bits.
   uint32_t remainder = 0;
   for (std::size_t bit = 0; bit < (bytes.size() + 2) * 8; ++bit) {
-    const uint32_t next = bit / 8 < bytes.size() ? (bytes[bit / 8] >> (7 - bit % 8)) & 1U : 0U;
+    const uint32_t next = bit / 8 < bytes.size() ? (uint32_t{bytes[bit / 8]} >> (7 - bit % 8)) & 1U : 0U;
     remainder = (remainder << 1) | next;
     if ((remainder & 0x10000U) != 0) remainder ^= 0x11021U;
   }
