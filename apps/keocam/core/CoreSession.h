@@ -43,7 +43,7 @@ class CoreSession {
   template <typename Exchange>
   auto attempt(const Exchange& exchange) const {
     for (int left = kAttempts - 1;; --left) {
-      const auto result = exchange();
+      auto result = exchange();
       if (statusOf(result) == CAM_OK) return result;
       requireLink();
       if (left == 0 || !isWorthRepeating(statusOf(result))) return result;

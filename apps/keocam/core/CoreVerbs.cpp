@@ -13,7 +13,7 @@ constexpr Verb kCore{kCoreVerb, "What the core is; its restart and its defaults"
 constexpr Verb kInfo{"info", "Its numbers, versions and temperatures", "keocam core info --json"};
 constexpr Verb kReset{"reset", "Restart the core and wait until it answers again", "keocam core reset"};
 constexpr Verb kDefaults{"defaults", "Keep the present settings for power-up", "keocam core defaults"};
-constexpr Verb kFactoryDefaults{"factory-defaults", "Restore the factory's settings, now and for power-up",
+constexpr Verb kFactoryDefaults{"factory-defaults", "Restore the factory's settings, for power-up too",
                                 "keocam core factory-defaults --yes"};
 
 void addGet(CLI::App& app, Command& chosen) {

@@ -12,6 +12,7 @@ ExitStatus runGet(const GetOptions& options, const Console& console, DataOutput&
   const std::vector<const SettingRow*> settings = settingsNamed(options.names);
   const auto session = connectedCore(options.serial_number, console);
   std::vector<SettingReading> readings;
+  readings.reserve(settings.size());
   for (const SettingRow* const setting : settings) {
     readings.push_back({setting, session->attempt([&] { return readSetting(session->core(), *setting); })});
   }
