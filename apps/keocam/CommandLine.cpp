@@ -132,9 +132,16 @@ std::optional<Answer> complaintAbout(const std::string& before, const std::strin
 std::optional<Answer> wrongVerb(const Words& arguments, Words::const_iterator verb) {
   if (verb == arguments.end()) return std::nullopt;
   if (auto complaint = complaintAbout("", *verb, verbNames())) return complaint;
-  const auto next = *verb == kCoreVerb ? plainWord(verb + 1, arguments.end()) : arguments.end();
-  return next != arguments.end() ? complaintAbout(std::string(kCoreVerb) + " ", *next, namesBehindCore())
-                                 : std::nullopt;
+  if (*verb != kCoreVerb) return std::nullopt;
+  const auto next = plainWord(verb + 1, arguments.end());
+  if (next == arguments.end()) return std::nullopt;
+  auto complaint = complaintAbout(std::string(kCoreVerb) + " ", *next, namesBehindCore());
+  // The word may have been meant as the value of the option before it.
+  if (complaint && next != verb + 1) {
+    complaint = usageError("Options stand behind the verb, as in \"keocam core info --camera SERIAL\"; " +
+                           inQuotes(*next) + " is no verb behind \"core\".");
+  }
+  return complaint;
 }
 
 std::string missingVerbText(bool behind_core) {

@@ -79,6 +79,10 @@ TEST(CoreVerbs, WrongVerbBehindCore_SuggestsTheNearOne) {
   EXPECT_NE(refusalOf({"core", "frobnicate"}).find("no verb \"core frobnicate\""), std::string::npos);
 }
 
+TEST(CoreVerbs, OptionBeforeTheVerbBehindCore_IsToldItsPlace) {
+  EXPECT_NE(refusalOf({"core", "--camera", "KEOD2001", "info"}).find("keocam core info --camera"), std::string::npos);
+}
+
 TEST(CoreVerbs, WrongOption_SuggestsTheNearOneOfItsVerb) {
   EXPECT_NE(refusalOf({"core", "factory-defaults", "--ye"}).find("did you mean \"--yes\"?"), std::string::npos);
   EXPECT_NE(refusalOf({"core", "reset", "--yes"}).find("\"--yes\""), std::string::npos);
