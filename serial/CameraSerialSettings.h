@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "PvDevice.h"
 #include "PvDeviceSerial.h"
@@ -213,6 +214,37 @@ class CameraSerialSettings {
   unsigned short GetSWMinorVersion();
   unsigned short GetFWMajorVersion();
   unsigned short GetFWMinorVersion();
+
+  /// @name Calibration and lenses. These stand on the calibration in force, see calibration/Calibration.h.
+  /// Replaces the calibration in force by that of a text: its lenses, and with version 3 and above the speed class of
+  /// the serial number; the first lens is selected, and nothing is sent. An empty text leaves no lenses. Throws
+  /// std::invalid_argument (version, a "BB:" without digit, serial number), std::out_of_range (a value beyond the
+  /// text's end, a serial number of fewer than 4 characters) and std::length_error (a table larger than its place);
+  /// lenses before the fault are then in force. Each lens takes 4 MB, none of them on the stack.
+  void setCalibrationData(std::string calibrationText, std::string calibrationVersion, std::string serialNumber);
+  /// The lenses' names, in the order of the calibration.
+  std::vector<std::string> GetAvailibleLenses();
+  /// The lens whose tables the core holds, see CheckCameraSffc; it becomes the selected one. Empty if there is none.
+  std::string GetCurrentLense();
+  /// Selects a lens: the first of that very name. Returns 1, or 0 for an unknown lens. Waits a second; then, if the
+  /// lens has tables, writes them into the core, which takes minutes, makes the core use them, corrects the flat field,
+  /// and waits another second. The lens is selected whether that succeeds or not: keocam::changeLens tells, reports
+  /// progress and can be cancelled.
+  int SetLens(std::string name);
+  /// False while SetLens writes tables; meant for another thread to poll.
+  bool isSetLensReady();
+  /// The selected lens measures in HighRange. Throws std::out_of_range if there are lenses but not that one.
+  bool GetHighRangeLensAvailable();
+  /// Makes the core use the table of the present range. 0, or -1 if the core does not answer.
+  int changeSFFCLens();
+  /// Writes the selected lens' table for LowRange into the core. 0, or -1 on failure, which leaves the core's table
+  /// partly erased or written. Throws std::out_of_range if there is no such lens.
+  int switchSFFC1();
+  /// The same for the table of MiddleRange and HighRange.
+  int switchSFFC2();
+  /// The index of the first lens whose table the core holds, by samples of the table for MiddleRange; it becomes the
+  /// selected one. -1 if there is none, or if the core does not answer.
+  int CheckCameraSffc();
 
   PvDevice* device;
   PvDeviceSerial serialPort;

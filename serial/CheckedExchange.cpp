@@ -36,4 +36,14 @@ ResponseStatuses checkedWrite(CameraSerialSettings& core, FunctionCodes code, co
   return checked(status, reply, code, 0);
 }
 
+CoreValue<ReplyBuffer> checkedMessage(CameraSerialSettings& core, uint8_t code, const std::vector<uint8_t>& payload,
+                                      int wait_us, std::size_t payload_bytes) {
+  const std::vector<uint8_t> frame = makeRequest(code, payload.data(), static_cast<uint16_t>(payload.size()));
+  CoreValue<ReplyBuffer> reply{UNKNOWN_ERROR, {}};
+  const ResponseStatuses status =
+      exchangeMessage(portOf(core), frame.data(), frame.size(), wait_us, reply.value, Report::Silent);
+  reply.status = checked(status, reply.value, code, payload_bytes);
+  return reply;
+}
+
 }  // namespace keocam

@@ -15,4 +15,8 @@ CoreValue<ReplyBuffer> checkedRead(CameraSerialSettings& core, FunctionCodes cod
 ResponseStatuses checkedWrite(CameraSerialSettings& core, FunctionCodes code, const void* value,
                               const Selectors& selectors);
 
+/// Any message, with at least `payload_bytes` of payload in its reply.
+CoreValue<ReplyBuffer> checkedMessage(CameraSerialSettings& core, uint8_t code, const std::vector<uint8_t>& payload,
+                                      int wait_us, std::size_t payload_bytes);
+
 }  // namespace keocam

@@ -14,11 +14,19 @@ bool SerialExchange::write(const uint8_t* data, std::size_t size) {
   return port_.Write(data, static_cast<uint32_t>(size), written).IsOK();
 }
 
-bool SerialExchange::read(ReplyBuffer& reply, uint32_t timeout_ms) {
-  // Neither the outcome nor the count is of use, but some devices move received bytes along only when asked.
-  uint32_t ready = 0;
-  static_cast<void>(port_.GetRxBytesReady(ready));
+uint32_t SerialExchange::ready() {
+  uint32_t count = 0;
+  return port_.GetRxBytesReady(count).IsOK() ? count : 0;
+}
+
+bool SerialExchange::receive(ReplyBuffer& reply, uint32_t timeout_ms) {
   return port_.Read(reply.bytes.data(), static_cast<uint32_t>(reply.bytes.size()), reply.size, timeout_ms).IsOK();
+}
+
+bool SerialExchange::read(ReplyBuffer& reply, uint32_t timeout_ms) {
+  // The count is of no use, but some devices move received bytes along only when asked.
+  static_cast<void>(ready());
+  return receive(reply, timeout_ms);
 }
 
 }  // namespace keocam

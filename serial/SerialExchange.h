@@ -28,7 +28,13 @@ class SerialExchange {
   /// False if the device did not take the bytes.
   bool write(const uint8_t* data, std::size_t size);
 
-  /// Asks how many bytes have come, then waits up to `timeout_ms` milliseconds for an answer. False if none came.
+  /// How many bytes have come; 0 as well if the device does not say.
+  uint32_t ready();
+
+  /// Waits up to `timeout_ms` milliseconds for an answer. False if none came.
+  bool receive(ReplyBuffer& reply, uint32_t timeout_ms);
+
+  /// Asks how many bytes have come, then waits for an answer.
   bool read(ReplyBuffer& reply, uint32_t timeout_ms);
 
  private:

@@ -45,6 +45,9 @@ struct Retrieval {
 struct Serial {
   bool opens = true;
   bool takes_writes = true;
+  int writes_taken = -1;                     ///< after so many, writes fail; -1 for no end
+  std::deque<uint32_t> ready;                ///< what each GetRxBytesReady says; once empty, it fails
+  std::function<void()> on_write;            ///< runs at each Write
   std::deque<std::vector<uint8_t>> replies;  ///< what each Read returns; once empty, every Read times out
 };
 

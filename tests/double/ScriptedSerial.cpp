@@ -52,14 +52,22 @@ PvResult PvDeviceSerialPort::Close() {
 
 PvResult PvDeviceSerialPort::Write(const uint8_t* data, uint32_t size, uint32_t& bytesWritten) {
   eventLog().add("PvDeviceSerialPort::Write " + scripted::hex(data, size));
-  bytesWritten = network().serial.takes_writes ? size : 0;
-  return outcome(network().serial.takes_writes, PvResult::Code::NotConnected);
+  scripted::Serial& serial = network().serial;
+  if (serial.on_write) serial.on_write();
+  const bool taken = serial.takes_writes && serial.writes_taken != 0;
+  if (serial.writes_taken > 0) --serial.writes_taken;
+  bytesWritten = taken ? size : 0;
+  return outcome(taken, PvResult::Code::NotConnected);
 }
 
 PvResult PvDeviceSerialPort::GetRxBytesReady(uint32_t& bytesReady) {
   eventLog().add("PvDeviceSerialPort::GetRxBytesReady");
   bytesReady = 0;
-  return outcome(false, PvResult::Code::GenericError);
+  std::deque<uint32_t>& ready = network().serial.ready;
+  if (ready.empty()) return outcome(false, PvResult::Code::GenericError);
+  bytesReady = ready.front();
+  ready.pop_front();
+  return {};
 }
 
 PvResult PvDeviceSerialPort::Read(uint8_t* data, uint32_t size, uint32_t& bytesRead, uint32_t timeout_ms) {

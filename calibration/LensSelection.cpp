@@ -1,0 +1,64 @@
+// The members that list lenses and select one.
+#include <unistd.h>
+
+#include <algorithm>
+
+#include "base/Log.h"
+#include "calibration/Calibration.h"
+#include "calibration/LensLookup.h"
+#include "calibration/SffcProtocol.h"
+#include "serial/ParameterAccess.h"
+
+namespace {
+
+constexpr int kUseSlotWait_us = 50'000;
+
+}  // namespace
+
+std::vector<std::string> CameraSerialSettings::GetAvailibleLenses() {
+  std::vector<std::string> names(calibrationVect.size());
+  std::transform(calibrationVect.begin(), calibrationVect.end(), names.begin(),
+                 [](const CalibrationStruct& lens) { return lens.lens; });
+  return names;
+}
+
+std::string CameraSerialSettings::GetCurrentLense() {
+  const int lens = CheckCameraSffc();
+  return lens >= 0 ? calibrationVect[static_cast<std::size_t>(lens)].lens : std::string();
+}
+
+int CameraSerialSettings::SetLens(std::string name) {
+  sleep(1);
+  const std::optional<int32_t> lens = keocam::findLens(name);
+  if (!lens) {
+    keocam::printErrorLine("CameraSerialSettings::setLens(): Error setting lens " + name + ", unknown");
+    return 0;
+  }
+  const keocam::LensNotReady not_ready(*this);
+  currentLensNumber = *lens;
+  if (calibrationVect[static_cast<std::size_t>(*lens)].sffcTableSize < 1) return 1;
+  // The lens counts as selected whatever comes of these; they report their failures themselves.
+  switchSFFC1();
+  switchSFFC2();
+  changeSFFCLens();
+  DoFFC();
+  sleep(1);
+  return 1;
+}
+
+bool CameraSerialSettings::isSetLensReady() { return setLensReady; }
+
+bool CameraSerialSettings::GetHighRangeLensAvailable() {
+  if (calibrationVect.empty()) return false;
+  return calibrationVect.at(static_cast<std::size_t>(currentLensNumber)).has1500Range != 0;
+}
+
+int CameraSerialSettings::changeSFFCLens() {
+  const std::vector<uint8_t> payload = keocam::useSlotPayload(rangeMode);
+  const std::vector<uint8_t> frame =
+      keocam::makeRequest(keocam::kUseSlot, payload.data(), static_cast<uint16_t>(payload.size()));
+  keocam::ReplyBuffer reply;
+  const ResponseStatuses status = keocam::exchangeMessage({device, serialPort}, frame.data(), frame.size(),
+                                                          kUseSlotWait_us, reply, keocam::Report::Printed);
+  return status == CAM_OK ? 0 : -1;
+}
