@@ -52,8 +52,18 @@ class Scanner {
   // Relative to the rest.
   std::size_t find(Key key) {
     std::size_t& next = next_[key];
-    if (next == kUnknown || next < cut_) next = text_.find(kKeys[key], cut_);
+    if (next == kUnknown || next < cut_) next = findByColon(kKeys[key]);
     return next == std::string_view::npos ? next : next - cut_;
+  }
+
+  // Every key ends in a colon, which hexadecimal digits have none of; some keys' first letters they are full of.
+  std::size_t findByColon(std::string_view key) const {
+    const std::size_t before = key.size() - 1;
+    for (std::size_t colon = text_.find(':', cut_ + before); colon != std::string_view::npos;
+         colon = text_.find(':', colon + 1)) {
+      if (text_.compare(colon - before, key.size(), key) == 0) return colon - before;
+    }
+    return std::string_view::npos;
   }
 
   // In 32 bits, as the format's reader has it: a text of 2 GiB and more is beyond it.

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 namespace {
@@ -15,6 +16,27 @@ TEST(HexText, EveryPair_IsWhatStrtolMakesOfIt) {
       uint8_t byte = 0x5A;
       keocam::decodeHex(std::string_view(pair, 2), &byte);
       ASSERT_EQ(byte, static_cast<uint8_t>(std::strtol(pair, nullptr, 16))) << first << " " << second;
+    }
+  }
+}
+
+// Long runs of digits take another way than single pairs; a stray character anywhere in them changes nothing else.
+TEST(HexText, LongText_WithAnyCharacterAnywhere_IsItsPairs) {
+  std::string digits;
+  for (int i = 0; i < 700; ++i) digits += "0123456789abcdefABCDEF"[i * 7 % 22];
+  for (std::size_t length : {126U, 127U, 128U, 129U, 130U, 255U, 256U, 257U, 258U, 700U}) {
+    for (const char stray : {'0', 'g', '/', ':', '@', 'G', '`', ' ', '-', '\xFF', '\0'}) {
+      for (std::size_t place = 0; place < length; place += 13) {
+        std::string text = digits.substr(0, length);
+        text[place] = stray;
+        std::vector<uint8_t> decoded(keocam::hexBytes(text) + 1, 0x5A);
+        keocam::decodeHex(text, decoded.data());
+        std::vector<uint8_t> pairs(decoded.size(), 0x5A);
+        for (std::size_t i = 0; i + 1 < text.size(); i += 2) {
+          pairs[i / 2] = static_cast<uint8_t>(std::strtol(text.substr(i, 2).c_str(), nullptr, 16));
+        }
+        ASSERT_EQ(decoded, pairs) << length << " " << stray << " " << place;
+      }
     }
   }
 }
