@@ -8,7 +8,8 @@ namespace simulator {
 
 CoreArguments::CoreArguments(CLI::App& app) {
   constexpr const char* kGroup = "Thermal core";
-  constexpr const char* kFaultGroup = "Faults of the thermal core; FRAMES: so many answers only";
+  constexpr const char* kFaultGroup =
+      "Faults of the thermal core; FRAMES: so many answers only, 0 for good; AFTER: so many answers later";
   auto* none =
       app.add_flag("--no-core", none_, "Nothing at the other end of the serial port")->option_text(" ")->group(kGroup);
   app.add_option("--core-part-number", part_number_, "Letter 12 is R or I where it is radiometric [by the size]")
@@ -22,8 +23,8 @@ CoreArguments::CoreArguments(CLI::App& app) {
   for (std::size_t i = 0; i < kCoreFaultCount; ++i) {
     const CoreFaultKnob& knob = coreFaultKnobs()[i];
     app.add_option("--" + std::string(knob.name), faults_[i], std::string(knob.help))
-        ->expected(1, 2)
-        ->option_text(std::string(knob.argument) + " [FRAMES]")
+        ->expected(1, 3)
+        ->option_text(std::string(knob.argument) + std::string(kCoreFaultMore))
         ->group(kFaultGroup)
         ->excludes(none);
   }
@@ -37,7 +38,7 @@ void CoreArguments::check() const {
   }
   for (std::size_t i = 0; i < kCoreFaultCount; ++i) {
     const CoreFaultKnob& knob = coreFaultKnobs()[i];
-    if (!faults_[i].empty() && faults_[i][0] > knob.maximum) {
+    if (!faults_[i].empty() && !coreFaultOf(knob, faults_[i])) {
       throw CLI::ValidationError("--" + std::string(knob.name), "takes at most " + std::to_string(knob.maximum));
     }
   }
@@ -50,9 +51,7 @@ std::shared_ptr<ThermalCore> CoreArguments::make(const CameraOptions& camera, ui
   options.identity.core_serial = serial_ + index;
   options.identity.sensor_serial += index;
   for (std::size_t i = 0; i < kCoreFaultCount; ++i) {
-    if (faults_[i].empty()) continue;
-    options.faults[i].value = faults_[i][0];
-    if (faults_[i].size() > 1) options.faults[i].frames = faults_[i][1];
+    if (const auto fault = coreFaultOf(coreFaultKnobs()[i], faults_[i])) options.faults[i] = *fault;
   }
   return std::make_shared<ThermalCore>(options);
 }

@@ -50,16 +50,20 @@ constexpr Command kCommands[] = {
 };
 
 bool turnKnob(ThermalCore& core, std::size_t index, const Words& arguments) {
-  if (arguments.empty() || arguments.size() > 2) return false;
-  const auto value = numberOf(arguments[0], coreFaultKnobs()[index].maximum);
-  const auto frames =
-      arguments.size() == 1 ? CoreFaultSetting::kForGood : numberOf(arguments[1], CoreFaultSetting::kForGood);
-  if (!value || !frames) return false;
-  core.setFault(static_cast<CoreFault>(index), *value, *frames);
-  return true;
+  std::vector<uint32_t> numbers;
+  for (const std::string& word : arguments) {
+    const auto number = numberOf(word, UINT32_MAX);
+    if (!number) return false;
+    numbers.push_back(*number);
+  }
+  const auto fault = coreFaultOf(coreFaultKnobs()[index], numbers);
+  if (fault) core.setFault(static_cast<CoreFault>(index), *fault);
+  return fault.has_value();
 }
 
-std::string knobArguments(const CoreFaultKnob& knob) { return std::string(knob.argument) + " [FRAMES]"; }
+std::string knobArguments(const CoreFaultKnob& knob) {
+  return std::string(knob.argument) + std::string(kCoreFaultMore);
+}
 
 }  // namespace
 
@@ -96,6 +100,9 @@ std::string coreStatusText(const SimulatedCamera& camera) {
   text << std::fixed << std::setprecision(2) << "  core: sensor " << now.sensor_celsius << " C, housing "
        << now.housing_celsius << " C, shutter " << now.shutter_celsius << " C"
        << (core->shutterClosed() ? " and closed" : "") << ", " << core->ffcCount() << " FFCs\n";
+  const FlashCounters flash = core->flashCounters();
+  text << "  core's flash: " << flash.erases << " erases, " << flash.writes << " writes, " << flash.refused_writes
+       << " refused writes, " << flash.reads << " reads; lens slot " << core->word(30) << '\n';
   return text.str();
 }
 

@@ -20,17 +20,36 @@ constexpr std::array<CoreFaultKnob, kCoreFaultCount> kKnobs{{
     {"core-loss-in", "PERMILLE", "Bytes lost on their way to the core", kAll},
     {"core-loss-out", "PERMILLE", "Bytes lost on their way from the core", kAll},
     {"core-noise", "BYTES", "Random bytes before the core's answers", 1024},
+    {"core-deaf", "PERMILLE", "Requests that the core neither carries out nor answers", kAll},
 }};
+
+/// One frame less of what is left, of the time before the fault or of its own.
+void count(CoreFaultSetting& setting, std::optional<uint8_t> function) {
+  if (setting.after > 0) {
+    if (!setting.after_function || setting.after_function == function) --setting.after;
+  } else if (setting.frames != CoreFaultSetting::kForGood && setting.frames > 0) {
+    --setting.frames;
+  }
+}
 
 }  // namespace
 
 const std::array<CoreFaultKnob, kCoreFaultCount>& coreFaultKnobs() { return kKnobs; }
 
+std::optional<CoreFaultSetting> coreFaultOf(const CoreFaultKnob& knob, const std::vector<uint32_t>& numbers) {
+  if (numbers.empty() || numbers.size() > 3 || numbers[0] > knob.maximum) return std::nullopt;
+  CoreFaultSetting setting;
+  setting.value = numbers[0];
+  if (numbers.size() > 1 && numbers[1] != 0) setting.frames = numbers[1];
+  if (numbers.size() > 2) setting.after = numbers[2];
+  return setting;
+}
+
 CoreFaults::CoreFaults(const CoreFaultSettings& settings, uint64_t seed) : settings_(settings), generator_(seed) {}
 
 uint32_t CoreFaults::value(CoreFault fault) const {
   const CoreFaultSetting& setting = settings_[static_cast<std::size_t>(fault)];
-  return setting.frames == 0 ? 0 : setting.value;
+  return setting.frames == 0 || setting.after > 0 ? 0 : setting.value;
 }
 
 bool CoreFaults::strikes(CoreFault fault) {
@@ -46,15 +65,27 @@ Bytes CoreFaults::arriving(const uint8_t* data, std::size_t size) {
   Bytes bytes(data, data + size);
   lose(CoreFault::LossIn, bytes);
   // A request that was damaged may never be answered, so this fault counts what arrives.
-  CoreFaultSetting& setting = at(CoreFault::LossIn);
-  if (setting.frames != CoreFaultSetting::kForGood && setting.frames > 0) --setting.frames;
+  count(at(CoreFault::LossIn), std::nullopt);
   return bytes;
 }
 
+bool CoreFaults::misses(uint8_t function) {
+  if (!strikes(CoreFault::Deaf)) return false;
+  useUpOneFrame(function);
+  return true;
+}
+
+void CoreFaults::useUpOneFrame(uint8_t function) {
+  for (std::size_t i = 0; i < kCoreFaultCount; ++i) {
+    if (i != static_cast<std::size_t>(CoreFault::LossIn)) count(settings_[i], function);
+  }
+}
+
 Bytes CoreFaults::leaving(Bytes answer, uint64_t& delay_ns) {
+  const uint8_t function = answer[frame::kFunction];
   if (const uint32_t status = value(CoreFault::WrongStatus); status != 0) {
     const Bytes payload(answer.begin() + frame::kPayload, answer.end() - frame::kCrcBytes);
-    answer = encodeFrame(answer[frame::kFunction], static_cast<uint8_t>(status), payload);
+    answer = encodeFrame(function, static_cast<uint8_t>(status), payload);
   }
   if (strikes(CoreFault::WrongCrc)) answer.back() = static_cast<uint8_t>(answer.back() ^ 0xFFU);
   answer.resize(answer.size() - std::min<std::size_t>(answer.size(), value(CoreFault::CutAnswer)));
@@ -64,12 +95,7 @@ Bytes CoreFaults::leaving(Bytes answer, uint64_t& delay_ns) {
   lose(CoreFault::LossOut, sent);
   if (strikes(CoreFault::NoAnswer)) sent.clear();
   delay_ns += value(CoreFault::LateAnswer) * kNanosecondsPerMillisecond;
-  for (std::size_t i = 0; i < kCoreFaultCount; ++i) {
-    CoreFaultSetting& setting = settings_[i];
-    const bool counted =
-        setting.frames != CoreFaultSetting::kForGood && i != static_cast<std::size_t>(CoreFault::LossIn);
-    if (counted && setting.frames > 0) --setting.frames;
-  }
+  useUpOneFrame(function);
   return sent;
 }
 

@@ -6,6 +6,8 @@
 namespace simulator {
 namespace {
 
+constexpr uint32_t kTableBytesPerPixel = 4;
+
 struct SensorPart {
   ImageSize sensor;
   std::string_view part_number;
@@ -26,7 +28,8 @@ CoreOptions coreOptionsFor(const CameraOptions& camera) {
                                   [&](const SensorPart& candidate) { return candidate.sensor == camera.sensor; });
   options.identity.part_number = part == std::end(kParts) ? kParts[0].part_number : part->part_number;
   options.seed = camera.seed;
-  if (!camera.uart_pacing) options.processing_us = 0;
+  options.flash.geometry = flashGeometryFor(camera.sensor.width * camera.sensor.height * kTableBytesPerPixel);
+  if (!camera.uart_pacing) options.processing_us = options.flash.erase_ms = 0;
   return options;
 }
 

@@ -17,7 +17,14 @@ bool hasKey(const RequestKey& key, const Bytes& payload) {
   return payload.size() >= key.size && std::equal(key.bytes.begin(), key.bytes.begin() + key.size, payload.begin());
 }
 
-bool fitsGet(const FunctionRow& row, const Bytes& payload) { return payload.size() == row.get_key.size; }
+bool fitsGet(const FunctionRow& row, const Bytes& payload) {
+  return row.kind != RowKind::Memory && payload.size() == row.get_key.size;
+}
+
+bool fitsMemory(const FunctionRow& row, const Bytes& payload) {
+  return row.kind == RowKind::Memory && payload.size() >= row.least_payload_bytes &&
+         payload.size() <= row.most_payload_bytes;
+}
 
 bool fitsSet(const FunctionRow& row, const Bytes& payload) {
   if (!row.writable || payload.size() < row.set_key.size) return false;
@@ -50,8 +57,11 @@ CoreRequest understand(const DecodedFrame& frame, bool radiometric) {
     enabled = enabled && (radiometric || !row.radiometric);
     const bool get = fitsGet(row, frame.payload);
     const bool set = fitsSet(row, frame.payload);
-    fits = fits || get || set;
-    if (get && hasKey(row.get_key, frame.payload)) {
+    const bool memory = fitsMemory(row, frame.payload);
+    fits = fits || get || set || memory;
+    if (memory) {
+      request = {CoreStatus::Ok, &row, Operation::Memory, {}};
+    } else if (get && hasKey(row.get_key, frame.payload)) {
       request = {CoreStatus::Ok, &row, row.kind == RowKind::Command ? Operation::Command : Operation::Get, {}};
     } else if (set && hasKey(row.set_key, frame.payload)) {
       const SettingWords words = wordsOf(row, frame.payload);

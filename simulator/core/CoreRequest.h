@@ -9,7 +9,7 @@
 
 namespace simulator {
 
-enum class Operation { Get, Set, Command };
+enum class Operation { Get, Set, Command, Memory };
 
 /// A request as the core understands it. `row` is null exactly where the status is not Ok.
 struct CoreRequest {

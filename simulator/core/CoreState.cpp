@@ -19,7 +19,8 @@ CoreState::CoreState(const CoreStateOptions& options, uint64_t power_on_ns)
       power_on_ns_(power_on_ns),
       started_ns_(power_on_ns),
       flat_field_(
-          options.shutter_ns, [this](uint64_t now_ns) { return temperatures(now_ns).sensor_celsius; }, power_on_ns) {
+          options.shutter_ns, [this](uint64_t now_ns) { return temperatures(now_ns).sensor_celsius; }, power_on_ns),
+      flash_(options.flash) {
   checkPartNumber(options.identity.part_number);
 }
 
@@ -27,15 +28,20 @@ CoreTemperatures CoreState::temperatures(uint64_t now_ns) const {
   return temperaturesAt(options_.thermal, options_.seed, now_ns - power_on_ns_);
 }
 
-Bytes CoreState::perform(const CoreRequest& request, const Bytes& request_payload, uint64_t now_ns) {
+CoreAnswer CoreState::perform(const CoreRequest& request, const Bytes& request_payload, uint64_t now_ns) {
   const FunctionRow& row = *request.row;
-  if (request.operation == Operation::Command) {
-    return command(static_cast<FunctionCode>(row.code), row.answer_bytes, now_ns);
+  switch (request.operation) {
+    case Operation::Command:
+      return {CoreStatus::Ok, command(static_cast<FunctionCode>(row.code), row.answer_bytes, now_ns), 0};
+    case Operation::Memory:
+      return performOnFlash(flash_, row.memory, request_payload, options_.erase_ns);
+    case Operation::Get:
+      return {CoreStatus::Ok, row.kind == RowKind::Reading ? reading(row.reading, now_ns) : present_.answer(row), 0};
+    case Operation::Set:
+      break;
   }
-  if (row.kind == RowKind::Reading) return reading(row.reading, now_ns);
-  if (request.operation == Operation::Get) return present_.answer(row);
   present_.set(row, request.words);
-  return request_payload;
+  return {CoreStatus::Ok, request_payload, 0};
 }
 
 Bytes CoreState::command(FunctionCode code, std::size_t answer_bytes, uint64_t now_ns) {
@@ -75,6 +81,12 @@ Bytes CoreState::reading(Reading reading, uint64_t now_ns) const {
       return wordAnswer(hundredths(temperatures(now_ns).housing_celsius));
     case Reading::ShutterTemperature:
       return wordAnswer(hundredths(temperatures(now_ns).shutter_celsius));
+    case Reading::FlashGeometry:
+      return geometryAnswer(flash_.geometry());
+    case Reading::LensSlot0Region:
+      return regionAnswer(flash_.geometry().slots[0]);
+    case Reading::LensSlot1Region:
+      return regionAnswer(flash_.geometry().slots[1]);
     case Reading::None:
       break;
   }

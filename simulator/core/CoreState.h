@@ -8,6 +8,8 @@
 #include "simulator/core/CoreRequest.h"
 #include "simulator/core/CoreSettings.h"
 #include "simulator/core/CoreTemperatures.h"
+#include "simulator/core/FlashCommands.h"
+#include "simulator/core/FlashMemory.h"
 #include "simulator/core/FlatField.h"
 
 namespace simulator {
@@ -18,6 +20,8 @@ struct CoreStateOptions {
   uint64_t seed = 1;
   uint64_t shutter_ns = 500 * kNanosecondsPerMillisecond;
   uint64_t reset_ns = 1500 * kNanosecondsPerMillisecond;
+  FlashGeometry flash;
+  uint64_t erase_ns = 200 * kNanosecondsPerMillisecond;
 };
 
 /// Time is an argument of every call and must not run backwards.
@@ -27,8 +31,9 @@ class CoreState {
   CoreState(const CoreState&) = delete;
   CoreState& operator=(const CoreState&) = delete;
 
-  /// Carries out a request whose status is Ok; the answer's payload. A request that sets something gets its own back.
-  Bytes perform(const CoreRequest& request, const Bytes& request_payload, uint64_t now_ns);
+  /// Carries out a request whose status is Ok. A request that sets something gets its own payload back. The flash may
+  /// still refuse what is asked of it.
+  CoreAnswer perform(const CoreRequest& request, const Bytes& request_payload, uint64_t now_ns);
 
   /// Lets the automatic corrections happen that are due.
   void advance(uint64_t now_ns);
@@ -42,6 +47,8 @@ class CoreState {
   const CoreSettings& present() const { return present_; }
   const CoreSettings& powerOn() const { return power_on_; }
   CoreTemperatures temperatures(uint64_t now_ns) const;
+  FlashMemory& flash() { return flash_; }
+  const FlashMemory& flash() const { return flash_; }
   double driftCelsius(uint64_t now_ns) const { return flat_field_.driftCelsius(now_ns); }
 
  private:
@@ -55,6 +62,7 @@ class CoreState {
   CoreSettings present_;
   CoreSettings power_on_;
   FlatField flat_field_;
+  FlashMemory flash_;
 };
 
 }  // namespace simulator

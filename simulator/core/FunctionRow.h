@@ -21,6 +21,7 @@ enum class FunctionCode : uint8_t {
   FfcTemperatureDelta = 14,
   InvertRevert = 17,
   DigitalOutput = 18,
+  LensSlot = 30,
   TestPattern = 37,
   Radiometry = 142,
   RadiometricParameter = 229,
@@ -36,6 +37,7 @@ enum class RowKind : uint8_t {
   Setting,  ///< kept by the core; read, and unless read-only written, by the host
   Reading,  ///< made when it is asked for
   Command,
+  Memory,  ///< reads, writes or erases flash; the request has an address or a number in front of any data
 };
 
 enum class Reading : uint8_t {
@@ -45,12 +47,17 @@ enum class Reading : uint8_t {
   PartNumber,
   SensorTemperature,
   HousingTemperature,
-  ShutterTemperature
+  ShutterTemperature,
+  FlashGeometry,
+  LensSlot0Region,
+  LensSlot1Region,
 };
+
+enum class MemoryOperation : uint8_t { None, Read, Write, Erase };
 
 /// The bytes of a request in front of the value, which tell what of a function is meant.
 struct RequestKey {
-  std::array<uint8_t, 3> bytes{};
+  std::array<uint8_t, 4> bytes{};
   std::size_t size = 0;
 };
 
@@ -78,6 +85,9 @@ struct FunctionRow {
   bool one_word_for_all = false;  ///< a request with one word sets all words to it
   SettingWords initial{};         ///< the factory's value
   Reading reading = Reading::None;
+  MemoryOperation memory = MemoryOperation::None;
+  std::size_t least_payload_bytes = 0;  ///< of a request for memory
+  std::size_t most_payload_bytes = 0;
 
   constexpr FunctionRow selectedBy(uint8_t row_selector, RequestKey get, RequestKey set) const {
     FunctionRow row = *this;
@@ -144,6 +154,20 @@ constexpr FunctionRow readingRow(uint8_t code, std::string_view name, std::size_
   row.help = help;
   row.answer_bytes = bytes;
   row.reading = reading;
+  return row;
+}
+
+constexpr FunctionRow memoryRow(uint8_t code, std::string_view name, MemoryOperation operation,
+                                std::size_t least_payload_bytes, std::size_t most_payload_bytes,
+                                std::string_view help) {
+  FunctionRow row;
+  row.code = code;
+  row.kind = RowKind::Memory;
+  row.name = name;
+  row.help = help;
+  row.memory = operation;
+  row.least_payload_bytes = least_payload_bytes;
+  row.most_payload_bytes = most_payload_bytes;
   return row;
 }
 

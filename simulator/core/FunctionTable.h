@@ -8,7 +8,7 @@
 
 namespace simulator {
 
-constexpr std::size_t kFunctionRowCount = 50;
+constexpr std::size_t kFunctionRowCount = 57;
 
 constexpr FunctionRow digitalOutputRow(std::string_view name, uint8_t get, uint8_t set, int32_t maximum,
                                        int32_t initial, std::string_view help) {
@@ -70,6 +70,7 @@ inline constexpr std::array<FunctionRow, kFunctionRowCount> kFunctionRows{{
     wordRow(20, "contrast", 0, 255, 32, "Contrast."),
     wordRow(21, "brightness", 0, 16383, 8192, "Brightness, in counts."),
     wordRow(24, "brightness-bias", -16383, 16383, 0, "Shift of brightness, in counts."),
+    wordRow(30, "lens-slot", 0, 1, 0, "The slot of the flash whose table corrects the picture."),
     wordRow(31, "spot-meter-mode", 0, 2, 0, "0 off, 1 and 2 units."),
     temperatureRow("sensor-temperature", 0x00, Reading::SensorTemperature, "Tenths of a degree Celsius."),
     temperatureRow("housing-temperature", 0x0A, Reading::HousingTemperature, "Hundredths of a degree Celsius."),
@@ -92,6 +93,15 @@ inline constexpr std::array<FunctionRow, kFunctionRowCount> kFunctionRows{{
     wordRow(114, "video-standard", 0, 5, 0, "Timing of analog video."),
     radiometryRow("radiometry-resolution", 0x10, "1 is the high resolution."),
     radiometryRow("radiometry-mode", 0x40, "1 makes pixels linear in temperature."),
+    memoryRow(210, "read-memory", MemoryOperation::Read, 6, 6, "Address and length, 4 and 2 bytes; 1 to 256 bytes."),
+    memoryRow(211, "write-memory", MemoryOperation::Write, 5, 132, "Address, 4 bytes, and 1 to 128 bytes."),
+    memoryRow(212, "erase-block", MemoryOperation::Erase, 2, 2, "Block number; the answer comes when it is done."),
+    readingRow(213, "flash-geometry", 8, Reading::FlashGeometry, "Base address and bytes of a block, 4 bytes each.")
+        .selectedBy(0x00, {{0xFF, 0xFF}, 2}, {}),
+    readingRow(214, "lens-slot-0-region", 8, Reading::LensSlot0Region, "Address and bytes of the table, 4 bytes each.")
+        .selectedBy(0x00, {{0x00, 0x00, 0x00, 0x11}, 4}, {}),
+    readingRow(214, "lens-slot-1-region", 8, Reading::LensSlot1Region, "Address and bytes of the table, 4 bytes each.")
+        .selectedBy(0x01, {{0x00, 0x01, 0x00, 0x11}, 4}, {}),
     wordRow(226, "function-226", 0, 255, 0, "A number without effect."),
     wordRow(227, "spatial-threshold", 0, 0x01FF, 0x0100, "A threshold byte, with an automatic flag above it."),
     objectParameterRow("emissivity", 0x00, 4096, 8192, 8192, "8192ths, 0.5 to 1."),
@@ -117,6 +127,9 @@ constexpr bool rowsAreSound() {
     if (row.name.empty() || row.help.empty()) return false;
     if (row.kind == RowKind::Setting && row.answer_bytes != 2 * row.words) return false;
     if (row.kind == RowKind::Reading && row.reading == Reading::None) return false;
+    const bool has_memory = row.memory != MemoryOperation::None && row.least_payload_bytes > 0 &&
+                            row.most_payload_bytes >= row.least_payload_bytes;
+    if (row.kind == RowKind::Memory && !has_memory) return false;
     for (std::size_t word = 0; word < row.words; ++word) {
       if (row.has_sign) continue;
       if (row.initial[word] < row.minimum || row.initial[word] > row.maximum) return false;

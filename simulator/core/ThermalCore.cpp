@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
+#include <iostream>
 
 #include "simulator/Uart.h"
+#include "simulator/core/FlashFile.h"
 
 namespace simulator {
 namespace {
@@ -13,10 +16,18 @@ constexpr uint16_t kUpperEightBits = 0x3FC0;
 constexpr uint16_t kUpsideDownBit = 1;
 constexpr uint16_t kLeftToRightBit = 2;
 constexpr uint16_t kEightBitDepth = 1;
+constexpr uint64_t kSlotSeedStep = 0x1000000;
 
 CoreStateOptions stateOptions(const CoreOptions& options) {
-  return {options.identity, options.thermal, options.seed, options.shutter_ms * kNanosecondsPerMillisecond,
-          options.reset_ms * kNanosecondsPerMillisecond};
+  CoreStateOptions state;
+  state.identity = options.identity;
+  state.thermal = options.thermal;
+  state.seed = options.seed;
+  state.shutter_ns = options.shutter_ms * kNanosecondsPerMillisecond;
+  state.reset_ns = options.reset_ms * kNanosecondsPerMillisecond;
+  state.flash = options.flash.geometry;
+  state.erase_ns = options.flash.erase_ms * kNanosecondsPerMillisecond;
+  return state;
 }
 
 }  // namespace
@@ -25,7 +36,21 @@ ThermalCore::ThermalCore(const CoreOptions& options)
     : options_(options),
       state_(stateOptions(options), options.clock()),
       faults_(options.faults, options.seed),
-      log_(options.log_entries) {}
+      log_(options.log_entries) {
+  for (std::size_t slot = 0; slot < kLensSlots; ++slot) {
+    if (!options.flash.tables[slot].empty()) state_.flash().setSlot(slot, options.flash.tables[slot]);
+  }
+  if (!options.flash.file.empty()) openFlashFile(options.flash.file, state_.flash());
+  saved_changes_ = state_.flash().changes();
+}
+
+ThermalCore::~ThermalCore() {
+  try {
+    saveFlash();
+  } catch (const std::exception& error) {
+    std::cerr << "thermal core: " << error.what() << '\n';
+  }
+}
 
 UartReply ThermalCore::receive(const uint8_t* data, std::size_t size, const UartLine& line) {
   const std::lock_guard<std::mutex> lock(mutex_);
@@ -38,18 +63,18 @@ UartReply ThermalCore::receive(const uint8_t* data, std::size_t size, const Uart
   const Bytes heard = faults_.arriving(data, size);
   UartReply reply;
   reply.delay_ns = options_.processing_us * kNanosecondsPerMicrosecond;
-  uint64_t longest_extra_ns = 0;
+  uint64_t latest_ns = 0;
   for (const DecodedFrame& frame : decoder_.feed(heard.data(), heard.size(), now_ns, size * characterTimeNs(line))) {
     if (state_.starting(now_ns)) {
       logUnheard(Verdict::InReset, frame.bytes.data(), frame.bytes.size(), now_ns);
       continue;
     }
-    uint64_t extra_ns = 0;
-    const Bytes sent = answer(frame, now_ns, extra_ns);
-    reply.bytes.insert(reply.bytes.end(), sent.begin(), sent.end());
-    longest_extra_ns = std::max(longest_extra_ns, extra_ns);
+    const Sent sent = answer(frame, now_ns);
+    reply.bytes.insert(reply.bytes.end(), sent.bytes.begin(), sent.bytes.end());
+    reply.delay_ns += sent.busy_ns;
+    latest_ns = std::max(latest_ns, sent.late_ns);
   }
-  reply.delay_ns += longest_extra_ns;
+  reply.delay_ns += latest_ns;
   return reply;
 }
 
@@ -58,16 +83,19 @@ void ThermalCore::logUnheard(Verdict verdict, const uint8_t* data, std::size_t s
   log_.add({now_ns, verdict, Bytes(data, data + size), std::nullopt, {}});
 }
 
-Bytes ThermalCore::answer(const DecodedFrame& frame, uint64_t now_ns, uint64_t& delay_ns) {
+ThermalCore::Sent ThermalCore::answer(const DecodedFrame& frame, uint64_t now_ns) {
+  Sent sent;
   CoreLogEntry entry{now_ns, frame.verdict, frame.bytes, std::nullopt, {}};
-  if (frame.verdict < Verdict::Noise) {
+  if (frame.verdict < Verdict::Noise && !faults_.misses(frame.function)) {
     const CoreRequest request = understand(frame, state_.radiometric());
-    Bytes payload;
-    if (request.status == CoreStatus::Ok) payload = state_.perform(request, frame.payload, now_ns);
-    entry.status = request.status;
-    entry.sent = faults_.leaving(encodeFrame(frame.function, static_cast<uint8_t>(request.status), payload), delay_ns);
+    CoreAnswer done{request.status, {}, 0};
+    if (request.status == CoreStatus::Ok) done = state_.perform(request, frame.payload, now_ns);
+    entry.status = done.status;
+    entry.sent =
+        faults_.leaving(encodeFrame(frame.function, static_cast<uint8_t>(done.status), done.payload), sent.late_ns);
+    sent.bytes = entry.sent;
+    sent.busy_ns = done.busy_ns;
   }
-  Bytes sent = entry.sent;
   log_.add(std::move(entry));
   return sent;
 }
@@ -95,7 +123,8 @@ CoreVideo ThermalCore::videoNow(uint64_t block_id, uint64_t now_ns) {
   CoreVideo video;
   video.scene_block = block_id;
   video.drift_millikelvin = static_cast<int32_t>(std::lround(state_.driftCelsius(now_ns) * 1000.0));
-  video.offset_seed = options_.seed;
+  // The other slot's table leaves other columns and rows uncorrected.
+  video.offset_seed = options_.seed + settings.word(FunctionCode::LensSlot) * kSlotSeedStep;
   video.pattern = static_cast<CorePattern>(settings.word(FunctionCode::TestPattern));
   const uint16_t mirrors = settings.word(FunctionCode::InvertRevert);
   video.upside_down = (mirrors & kUpsideDownBit) != 0;
@@ -170,9 +199,44 @@ void ThermalCore::setFault(CoreFault fault, uint32_t value, uint32_t frames) {
   faults_.set(fault, {value, frames});
 }
 
+void ThermalCore::setFault(CoreFault fault, const CoreFaultSetting& setting) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  faults_.set(fault, setting);
+}
+
 void ThermalCore::clearFaults() {
   const std::lock_guard<std::mutex> lock(mutex_);
   for (std::size_t i = 0; i < kCoreFaultCount; ++i) faults_.set(static_cast<CoreFault>(i), {});
+}
+
+Bytes ThermalCore::lensTable(std::size_t slot) const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return state_.flash().slot(slot);
+}
+
+void ThermalCore::setLensTable(std::size_t slot, const Bytes& table) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  state_.flash().setSlot(slot, table);
+}
+
+FlashGeometry ThermalCore::flashGeometry() const { return options_.flash.geometry; }
+
+FlashCounters ThermalCore::flashCounters() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return state_.flash().counters();
+}
+
+std::vector<uint32_t> ThermalCore::flashWear() const {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  return state_.flash().wear();
+}
+
+void ThermalCore::saveFlash() {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  const uint64_t changes = state_.flash().changes();
+  if (options_.flash.file.empty() || changes == saved_changes_) return;
+  saved_changes_ = changes;
+  writeFlashFile(options_.flash.file, state_.flash().contents());
 }
 
 }  // namespace simulator

@@ -6,6 +6,7 @@
 #include <functional>
 #include <mutex>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include "simulator/Clock.h"
@@ -19,6 +20,14 @@
 
 namespace simulator {
 
+/// The core's flash at its first power-on, and where it is kept.
+struct FlashOptions {
+  FlashGeometry geometry = flashGeometryFor(640 * 512 * 4);
+  uint32_t erase_ms = 200;               ///< from a request to erase a block to its answer
+  std::array<Bytes, kLensSlots> tables;  ///< the factory's, of the slots' sizes; empty: erased
+  std::string file;                      ///< read at the start, written at the end; empty: forgotten at the end
+};
+
 struct CoreOptions {
   CoreIdentity identity;          ///< its part number says whether the core is radiometric, and how fast it is
   ThermalProfile thermal;         ///< start temperatures, and whether they stay
@@ -28,6 +37,7 @@ struct CoreOptions {
   uint32_t reset_ms = 1500;       ///< how long the core is silent after a reset
   std::size_t log_entries = 256;  ///< kept in log()
   CoreFaultSettings faults;
+  FlashOptions flash;
   std::function<uint64_t()> clock = monotonicNs;
 };
 
@@ -37,8 +47,14 @@ class ThermalCore final : public UartPeer, public VideoSource {
   /// The only line settings that the core understands.
   static constexpr UartLine kLine{57600, 1, UartParity::None};
 
-  /// Powers on. Throws std::invalid_argument for a part number that does not serve.
+  /// Powers on. Throws std::invalid_argument for a part number or a flash that does not serve, and std::runtime_error
+  /// for a flash file that does not.
   explicit ThermalCore(const CoreOptions& options = {});
+
+  /// Saves the flash; what goes wrong is said on standard error.
+  ~ThermalCore() override;
+  ThermalCore(const ThermalCore&) = delete;
+  ThermalCore& operator=(const ThermalCore&) = delete;
 
   UartReply receive(const uint8_t* data, std::size_t size, const UartLine& line) override;
   CoreVideo nextVideo(uint64_t block_id) override;
@@ -64,11 +80,27 @@ class ThermalCore final : public UartPeer, public VideoSource {
 
   CoreFaultSettings faults() const;
   void setFault(CoreFault fault, uint32_t value, uint32_t frames = CoreFaultSetting::kForGood);
+  void setFault(CoreFault fault, const CoreFaultSetting& setting);
   void clearFaults();
 
+  /// The contents of lens slot 0 or 1, and their replacement as in the factory: at no time, without wear.
+  Bytes lensTable(std::size_t slot) const;
+  void setLensTable(std::size_t slot, const Bytes& table);
+  FlashGeometry flashGeometry() const;
+  FlashCounters flashCounters() const;
+  std::vector<uint32_t> flashWear() const;  ///< how often each block was erased
+  /// Writes the flash to its file, if it has one and has changed since. Throws std::runtime_error; the change is then
+  /// given up.
+  void saveFlash();
+
  private:
-  /// One answer, faults included; empty where nothing is sent.
-  Bytes answer(const DecodedFrame& frame, uint64_t now_ns, uint64_t& delay_ns);
+  /// One answer, faults included; its bytes are empty where nothing is sent.
+  struct Sent {
+    Bytes bytes;
+    uint64_t busy_ns = 0;  ///< what the request itself takes
+    uint64_t late_ns = 0;  ///< by a fault
+  };
+  Sent answer(const DecodedFrame& frame, uint64_t now_ns);
   CoreVideo videoNow(uint64_t block_id, uint64_t now_ns);
   /// The state as it is now; `mutex_` must be held.
   const CoreState& current() const;
@@ -82,6 +114,7 @@ class ThermalCore final : public UartPeer, public VideoSource {
   CoreLog log_;
   VideoHistory videos_;
   std::optional<CoreVideo> last_open_video_;
+  uint64_t saved_changes_ = 0;  ///< of the flash, that its file has
 };
 
 }  // namespace simulator

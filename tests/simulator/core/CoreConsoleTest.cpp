@@ -40,14 +40,16 @@ TEST(CoreCommandLine, EachCamera_GetsACoreOfItsOwn) {
 }
 
 TEST(CoreCommandLine, PartNumberAndFaults_AreTakenOver) {
-  const auto parsed =
-      parse({"--core-part-number", "46640019H-SPNLX", "--core-late", "30", "--core-no-answer", "1000", "3"});
+  const auto parsed = parse({"--core-part-number", "46640019H-SPNLX", "--core-late", "30", "--core-no-answer", "1000",
+                             "3", "--core-deaf", "1000", "0", "40"});
   ThermalCore& core = *std::get<ProgramOptions>(parsed).cameras.at(0).core;
   EXPECT_FALSE(core.radiometric());
   EXPECT_EQ(faultOf(core, CoreFault::LateAnswer).value, 30U);
   EXPECT_EQ(faultOf(core, CoreFault::LateAnswer).frames, CoreFaultSetting::kForGood);
   EXPECT_EQ(faultOf(core, CoreFault::NoAnswer).value, 1000U);
   EXPECT_EQ(faultOf(core, CoreFault::NoAnswer).frames, 3U);
+  EXPECT_EQ(faultOf(core, CoreFault::Deaf).frames, CoreFaultSetting::kForGood);
+  EXPECT_EQ(faultOf(core, CoreFault::Deaf).after, 40U);
 }
 
 TEST(CoreCommandLine, NoCore_LeavesTheSerialPortEmpty) {
@@ -57,7 +59,7 @@ TEST(CoreCommandLine, NoCore_LeavesTheSerialPortEmpty) {
 TEST(CoreCommandLine, Mistakes_AreUsageErrors) {
   const std::vector<std::vector<const char*>> mistakes = {{"--core-part-number", "A^B"},
                                                           {"--core-no-answer", "1001"},
-                                                          {"--core-late", "1", "2", "3"},
+                                                          {"--core-late", "1", "2", "3", "4"},
                                                           {"--no-core", "--core-serial", "5"},
                                                           {"--core-wrong-status", "256"}};
   for (const auto& arguments : mistakes) {
@@ -90,14 +92,16 @@ TEST_F(CoreConsole, Faults_AreSwitchedAndCleared) {
   EXPECT_EQ(faultOf(*core, CoreFault::LateAnswer).value, 40U);
   EXPECT_EQ(faultOf(*core, CoreFault::WrongStatus).value, 9U);
   EXPECT_EQ(faultOf(*core, CoreFault::WrongStatus).frames, 2U);
+  EXPECT_EQ(say("1 core-deaf 1000 2 5"), "");
+  EXPECT_EQ(faultOf(*core, CoreFault::Deaf).after, 5U);
   EXPECT_EQ(say("1 core-ok"), "");
   EXPECT_EQ(faultOf(*core, CoreFault::LateAnswer).value, 0U);
 }
 
 TEST_F(CoreConsole, Mistakes_ChangeNothingAndAreExplained) {
-  EXPECT_EQ(say("1 core-late"), "usage: core-late MS [FRAMES]\n");
-  EXPECT_EQ(say("1 core-no-answer 1001"), "usage: core-no-answer PERMILLE [FRAMES]\n");
-  EXPECT_EQ(say("1 core-cut 1 x"), "usage: core-cut BYTES [FRAMES]\n");
+  EXPECT_EQ(say("1 core-late"), "usage: core-late MS [FRAMES [AFTER]]\n");
+  EXPECT_EQ(say("1 core-no-answer 1001"), "usage: core-no-answer PERMILLE [FRAMES [AFTER]]\n");
+  EXPECT_EQ(say("1 core-cut 1 x"), "usage: core-cut BYTES [FRAMES [AFTER]]\n");
   EXPECT_EQ(say("1 core-log many"), "usage: core-log [LINES]\n");
   EXPECT_EQ(say("1 core-ok now"), "usage: core-ok \n");
   EXPECT_EQ(say("2 core-late 5"), "camera KEOD2002 has no core\n");
@@ -123,6 +127,8 @@ TEST_F(CoreConsole, HelpAndStatus_SpeakOfTheCore) {
   for (const CoreFaultKnob& knob : coreFaultKnobs()) EXPECT_NE(help.find(knob.name), std::string::npos);
   EXPECT_NE(help.find("core-log [LINES]"), std::string::npos);
   EXPECT_NE(say("1 status").find("core: sensor 2"), std::string::npos);
+  EXPECT_NE(say("1 status").find("core's flash: 0 erases, 0 writes, 0 refused writes, 0 reads; lens slot 0"),
+            std::string::npos);
   EXPECT_EQ(say("2 status").find("core: sensor"), std::string::npos);
 }
 

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include "CoreBench.h"
+#include <algorithm>
+
+#include "FlashBench.h"
 
 namespace {
 
@@ -97,6 +99,76 @@ TEST_F(Faulty, LimitedFrames_EndTheFaultAfterThem) {
     EXPECT_NE(answerToGet(), whole);
     EXPECT_EQ(answerToGet(), whole);
   }
+}
+
+TEST_F(Faulty, Deaf_NeitherCarriesOutNorAnswers) {
+  set(CoreFault::Deaf, 1000, 1);
+  EXPECT_TRUE(bench.send(request(kContrast, wordBytes(80))).empty());
+  EXPECT_NE(bench.core.word(kContrast), 80);
+  EXPECT_EQ(bench.core.log().back().verdict, Verdict::Frame);
+  EXPECT_FALSE(bench.core.log().back().status.has_value());
+  EXPECT_EQ(answerToGet(), whole);
+}
+
+TEST_F(Faulty, After_LetsFramesPassBefore) {
+  for (const CoreFault fault : {CoreFault::NoAnswer, CoreFault::WrongCrc, CoreFault::LossIn, CoreFault::Deaf}) {
+    bench.core.setFault(fault, {1000, 2, 3});
+    for (int frame = 1; frame <= 6; ++frame) {
+      EXPECT_EQ(answerToGet() == whole, frame <= 3 || frame == 6)
+          << "fault " << static_cast<int>(fault) << " frame " << frame;
+    }
+  }
+}
+
+TEST_F(Faulty, AfterFunction_CountsThatFunctionOnlyAndThenStrikesAll) {
+  bench.core.setFault(CoreFault::NoAnswer, {1000, CoreFaultSetting::kForGood, 2, uint8_t{11}});
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(answerToGet(), whole);
+  EXPECT_FALSE(bench.send(request(11)).empty());
+  EXPECT_EQ(answerToGet(), whole);
+  EXPECT_FALSE(bench.send(request(11)).empty());
+  EXPECT_TRUE(answerToGet().empty());
+  EXPECT_TRUE(bench.send(request(11)).empty());
+}
+
+class CutTransfer : public ::testing::TestWithParam<uint32_t> {};
+
+TEST_P(CutTransfer, DeafAfterSomeWrites_LeavesExactlyThese) {
+  const uint32_t writes = GetParam();
+  core_test::FlashBench bench(flashGeometryFor(1000, 256));
+  bench.core.setFault(CoreFault::Deaf, {1000, CoreFaultSetting::kForGood, writes, core_test::kWriteMemory});
+  const Bytes wanted = core_test::table(1000);
+  EXPECT_EQ(bench.transfer(0, wanted), writes == 8);
+  EXPECT_EQ(bench.core.flashCounters().writes, writes);
+  Bytes expected(1000, 0xFF);
+  std::copy_n(wanted.begin(), std::min<std::size_t>(1000, writes * 128), expected.begin());
+  EXPECT_EQ(bench.core.lensTable(0), expected);
+  EXPECT_TRUE(bench.send(request(kContrast)).empty()) << "silent to everything";
+  bench.core.clearFaults();
+  EXPECT_TRUE(bench.transfer(0, wanted)) << "a second attempt mends it";
+  EXPECT_EQ(bench.core.lensTable(0), wanted);
+}
+
+INSTANTIATE_TEST_SUITE_P(Faulty, CutTransfer, ::testing::Values(0U, 1U, 7U, 8U));
+
+TEST_F(Faulty, LastAnswerOfATransferLost_TheTableIsThere) {
+  core_test::FlashBench flash;
+  flash.core.setFault(CoreFault::NoAnswer, {1000, 1, 0, core_test::kWriteMemory});
+  EXPECT_EQ(flash.ask(core_test::kWriteMemory, core_test::at(0x1040, {1, 2})).status, 0xFF);
+  EXPECT_EQ(flash.read(0x1040, 2), (Bytes{1, 2}));
+}
+
+TEST_F(Faulty, Numbers_AreValueFramesAndFramesBefore) {
+  const CoreFaultKnob& knob = coreFaultKnobs()[static_cast<std::size_t>(CoreFault::NoAnswer)];
+  EXPECT_EQ(coreFaultOf(knob, {7})->frames, CoreFaultSetting::kForGood);
+  EXPECT_EQ(coreFaultOf(knob, {7, 0, 9})->frames, CoreFaultSetting::kForGood);
+  const auto fault = coreFaultOf(knob, {7, 8, 9});
+  ASSERT_TRUE(fault);
+  EXPECT_EQ(fault->value, 7U);
+  EXPECT_EQ(fault->frames, 8U);
+  EXPECT_EQ(fault->after, 9U);
+  EXPECT_FALSE(coreFaultOf(knob, {}));
+  EXPECT_FALSE(coreFaultOf(knob, {1001}));
+  EXPECT_FALSE(coreFaultOf(knob, {1, 2, 3, 4}));
 }
 
 TEST_F(Faulty, Clear_EndsAllFaults) {
