@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "simulator/CoreArguments.h"
+#include "simulator/SensorSizes.h"
 #include "simulator/UdpSocket.h"
 
 namespace simulator {
@@ -15,8 +16,6 @@ namespace {
 constexpr int kUsageError = 2;
 constexpr uint32_t kMostCameras = 64;
 
-const std::map<std::string, ImageSize> kSizes{
-    {"640x512", {640, 512}}, {"336x256", {336, 256}}, {"320x256", {320, 256}}, {"160x128", {160, 128}}};
 const std::map<std::string, bool> kSwitch{{"on", true}, {"off", false}};
 
 constexpr const char* kIntroduction =
@@ -29,6 +28,8 @@ constexpr const char* kFooter =
     "  keocam-simulator --interface eth0 --fps 60      a camera for other hosts of that network\n"
     "  keocam-simulator --loss 10 --late 5 20          1 % of packets lost, 0.5 % come 20 ms late\n"
     "  keocam-simulator --core-no-answer 1000 3        the thermal core does not answer its first 3 requests\n"
+    "  keocam-simulator --core-flash core.bin          the core keeps its lens tables from run to run\n"
+    "  keocam-simulator calibration --help             makes calibration data for a camera\n"
     "\n"
     "While it runs it takes commands on standard input, one a line; \"help\" lists them.\n"
     "Exit: 0 ended as asked, 1 an address cannot be used, 2 wrong options.";
@@ -99,7 +100,7 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
   app.add_option("--serial", camera.serial, "First camera's serial number; the next count upwards [KEOD2001]")
       ->option_text("TEXT");
   app.add_option("--size", size, "Sensor: 640x512, 336x256, 320x256 or 160x128 [640x512]")
-      ->check(CLI::IsMember(kSizes))
+      ->check(CLI::IsMember(sensorSizes()))
       ->option_text("WxH");
   app.add_option("--fps", camera.frame_rate_hz, "Frames per second at the start, 1 to 1000 [30]")
       ->check(CLI::Range(1.0, 1000.0))
@@ -121,7 +122,7 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
     app.parse(argc, argv);
     applyFaults(knobs, camera.faults);
     core.check();
-    camera.sensor = kSizes.at(size);
+    camera.sensor = sensorSizes().at(size);
     camera.uart_pacing = kSwitch.at(pacing);
     nextSerial(camera.serial, count - 1);
   } catch (const CLI::ParseError& error) {
@@ -135,7 +136,7 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
     program.cameras.back().address = formatIp(first_ip + i);
     program.cameras.back().serial = nextSerial(camera.serial, i);
     program.cameras.back().seed = camera.seed + i;
-    program.cameras.back().core = core.make(program.cameras.back(), i);
+    program.cameras.back().core = core.make(program.cameras.back(), i, count);
   }
   program.occupied.assign(count, occupied);
   return program;

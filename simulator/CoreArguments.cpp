@@ -2,6 +2,7 @@
 
 #include <stdexcept>
 
+#include "simulator/calibration/CalibrationFolder.h"
 #include "simulator/core/CoreOptionsFor.h"
 
 namespace simulator {
@@ -20,6 +21,20 @@ CoreArguments::CoreArguments(CLI::App& app) {
       ->option_text("N")
       ->group(kGroup)
       ->excludes(none);
+  app.add_option("--core-flash", flash_file_, "Keeps the flash from run to run; several cameras add \".SERIAL\"")
+      ->option_text("FILE")
+      ->group(kGroup)
+      ->excludes(none);
+  auto* lens = app.add_option("--core-lens", lens_, "The lens whose tables are in a flash that is new")
+                   ->option_text("NAME")
+                   ->group(kGroup)
+                   ->excludes(none);
+  auto* calibrations = app.add_option("--core-calibration", calibrations_, "The calibration folder that has the lens")
+                           ->option_text("FOLDER")
+                           ->group(kGroup)
+                           ->excludes(none);
+  lens->needs(calibrations);
+  calibrations->needs(lens);
   for (std::size_t i = 0; i < kCoreFaultCount; ++i) {
     const CoreFaultKnob& knob = coreFaultKnobs()[i];
     app.add_option("--" + std::string(knob.name), faults_[i], std::string(knob.help))
@@ -44,12 +59,15 @@ void CoreArguments::check() const {
   }
 }
 
-std::shared_ptr<ThermalCore> CoreArguments::make(const CameraOptions& camera, uint32_t index) const {
+std::shared_ptr<ThermalCore> CoreArguments::make(const CameraOptions& camera, uint32_t index, uint32_t cameras) const {
   if (none_) return nullptr;
   CoreOptions options = coreOptionsFor(camera);
   if (!part_number_.empty()) options.identity.part_number = part_number_;
   options.identity.core_serial = serial_ + index;
   options.identity.sensor_serial += index;
+  if (!lens_.empty()) options.flash.tables = readLensTables(calibrations_, camera.serial, lens_);
+  options.flash.file = flash_file_;
+  if (!flash_file_.empty() && cameras > 1) options.flash.file += "." + camera.serial;
   for (std::size_t i = 0; i < kCoreFaultCount; ++i) {
     if (const auto fault = coreFaultOf(coreFaultKnobs()[i], faults_[i])) options.faults[i] = *fault;
   }

@@ -24,12 +24,17 @@ class CoreArguments {
   void check() const;
 
   /// The core of camera `index`, whose serial number counts upwards with it; null without cores.
-  std::shared_ptr<ThermalCore> make(const CameraOptions& camera, uint32_t index) const;
+  /// Where there are more cameras than one, each has a flash file of its own. Throws std::runtime_error for a flash
+  /// file or a calibration that does not serve.
+  std::shared_ptr<ThermalCore> make(const CameraOptions& camera, uint32_t index, uint32_t cameras) const;
 
  private:
   bool none_ = false;
   std::string part_number_;
   uint32_t serial_ = 701001;
+  std::string flash_file_;
+  std::string lens_;
+  std::string calibrations_;
   std::array<std::vector<uint32_t>, kCoreFaultCount> faults_;
 };
 

@@ -13,11 +13,14 @@
 #include <exception>
 #include <iostream>
 #include <stdexcept>
+#include <string_view>
 
+#include "simulator/CalibrationCommand.h"
 #include "simulator/Clock.h"
 #include "simulator/CommandLine.h"
 #include "simulator/ConsoleCommands.h"
 #include "simulator/ConsoleInput.h"
+#include "simulator/core/ThermalCore.h"
 
 namespace {
 
@@ -81,7 +84,15 @@ void serve(int signals, uint64_t end_ns, const Cameras& cameras) {
   }
 }
 
+/// Throws at the first that cannot be saved; the others save themselves when their cameras go.
+void saveFlashes(const Cameras& cameras) {
+  for (const auto& camera : cameras) {
+    if (camera->options().core) camera->options().core->saveFlash();
+  }
+}
+
 int run(int argc, const char* const* argv) {
+  if (argc > 1 && std::string_view(argv[1]) == "calibration") return runCalibrationCommand(argc - 1, argv + 1);
   const auto parsed = parseCommandLine(argc, argv);
   if (const int* exit_code = std::get_if<int>(&parsed)) return *exit_code;
   const auto& program = std::get<ProgramOptions>(parsed);
@@ -101,6 +112,7 @@ int run(int argc, const char* const* argv) {
   const uint64_t end_ns =
       program.duration_s ? monotonicNs() + static_cast<uint64_t>(*program.duration_s * 1e9) : kNever;
   serve(signals, end_ns, cameras);
+  saveFlashes(cameras);
   return 0;
 }
 

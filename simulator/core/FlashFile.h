@@ -3,7 +3,6 @@
 
 #include <string>
 
-#include "simulator/Bytes.h"
 #include "simulator/core/FlashMemory.h"
 
 namespace simulator {
@@ -13,8 +12,7 @@ namespace simulator {
 /// and what to do.
 void openFlashFile(const std::string& path, FlashMemory& flash);
 
-/// Replaces the file as a whole: whatever happens, there is either the old one or the new one. Throws
-/// std::runtime_error.
-void writeFlashFile(const std::string& path, const Bytes& contents);
+/// Replaces the file as a whole. Throws std::runtime_error.
+void saveFlashFile(const std::string& path, const FlashMemory& flash);
 
 }  // namespace simulator

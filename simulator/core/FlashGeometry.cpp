@@ -8,7 +8,6 @@ namespace simulator {
 namespace {
 
 constexpr uint32_t kUsualBase = 0x00200000;
-constexpr uint64_t kLargestFlashBytes = uint64_t{256} * 1024 * 1024;
 
 constexpr uint64_t roundedUp(uint64_t bytes, uint64_t block_bytes) {
   return block_bytes == 0 ? bytes : (bytes + block_bytes - 1) / block_bytes * block_bytes;

@@ -21,6 +21,7 @@ struct FlashGeometry {
   std::array<FlashRegion, kLensSlots> slots{};
 };
 
+constexpr std::size_t kLargestFlashBytes = std::size_t{256} * 1024 * 1024;
 constexpr uint32_t kUsualBlockBytes = 128 * 1024;
 
 /// Both slots at the beginning of a block, one after the other, above one block that is not theirs: so a slot's first

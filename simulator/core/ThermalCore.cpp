@@ -236,7 +236,7 @@ void ThermalCore::saveFlash() {
   const uint64_t changes = state_.flash().changes();
   if (options_.flash.file.empty() || changes == saved_changes_) return;
   saved_changes_ = changes;
-  writeFlashFile(options_.flash.file, state_.flash().contents());
+  saveFlashFile(options_.flash.file, state_.flash());
 }
 
 }  // namespace simulator
