@@ -4,15 +4,20 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <memory>
+#include <vector>
 
 #include "camera/Camera.h"
 #include "simulator/Scene.h"
+#include "simulator/core/ThermalCore.h"
 
 namespace e2e {
 
 class FrameCheck {
  public:
-  explicit FrameCheck(const simulator::SceneSettings& settings);
+  /// `core` is the one that the camera has, if any.
+  explicit FrameCheck(const simulator::SceneSettings& settings,
+                      std::shared_ptr<const simulator::ThermalCore> core = nullptr);
 
   /// Compares the frame that `camera` holds with the scene, and its number with the one before.
   testing::AssertionResult check(const Camera& camera);
@@ -20,7 +25,10 @@ class FrameCheck {
   uint64_t framesChecked() const { return frames_checked_; }
 
  private:
+  std::vector<uint16_t> expectedPicture(uint64_t block_id) const;
+
   simulator::Scene scene_;
+  std::shared_ptr<const simulator::ThermalCore> core_;
   uint64_t frames_checked_ = 0;
   uint64_t last_block_id_ = 0;
 };
