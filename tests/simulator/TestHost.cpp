@@ -6,6 +6,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace {
@@ -123,9 +124,14 @@ std::optional<ReceivedFrame> TestHost::nextFrame(int timeout_ms) {
   for (gvcp::Bytes packet = stream.receive(timeout_ms); !packet.empty(); packet = stream.receive(timeout_ms)) {
     take(packet);
     const uint16_t block = gvcp::u16At(packet, 2);
-    const auto done = frames.find(block);
-    if (done == frames.end() || !done->second.trailer) continue;
-    const ReceivedFrame frame = done->second;
+    const auto current = frames.find(block);
+    if (current != frames.end() && current->second.complete()) return current->second;
+    const auto left = std::find_if(frames.begin(), frames.end(), [block](const auto& entry) {
+      return entry.first != block && entry.second.trailer && !entry.second.complete();
+    });
+    if (left == frames.end()) continue;
+    const ReceivedFrame frame = left->second;
+    frames.erase(left);
     return frame;
   }
   return std::nullopt;

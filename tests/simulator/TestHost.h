@@ -54,8 +54,9 @@ class TestHost {
   /// Opens the stream to this host's stream socket with packets of this size, and starts.
   bool startStream(uint32_t packet_size_bytes = 8000);
 
-  /// The next frame whose trailer or successor has come; empty after a silence of `timeout_ms`.
-  std::optional<ReceivedFrame> nextFrame(int timeout_ms = 1000);
+  /// The next frame that is complete, in whatever order its packets come, or the next that another follows although it
+  /// is not; empty after a silence of `timeout_ms`.
+  std::optional<ReceivedFrame> nextFrame(int timeout_ms = 5000);
   /// Adds a stream packet to the frames under way.
   void take(const gvcp::Bytes& packet);
 
