@@ -5,8 +5,11 @@
 #include <iomanip>
 #include <sstream>
 
+#include "apps/keocam/VerbGroups.h"
 #include "apps/keocam/Verbs.h"
+#include "apps/keocam/calibration/CalibrationVerbs.h"
 #include "apps/keocam/core/CoreVerbs.h"
+#include "apps/keocam/lens/LensVerbs.h"
 #include "apps/keocam/terminal/PrintableText.h"
 #include "apps/keocam/terminal/Suggestion.h"
 
@@ -24,6 +27,8 @@ constexpr double kLongest_s = 1e8;
 std::vector<Verb> allVerbs() {
   std::vector<Verb> verbs{kList, kStream};
   for (const Verb& verb : coreVerbs()) verbs.push_back(verb);
+  verbs.push_back(lensVerb());
+  verbs.push_back(calibrationVerb());
   verbs.push_back(kSimulate);
   return verbs;
 }
@@ -78,9 +83,7 @@ void addStream(CLI::App& app, Command& chosen) {
       ->check(secondsFrom(1.0));
   command->add_option("-p,--picture", options.picture_path, "Write the last frame as a PNG with a scale bar")
       ->type_name("FILE");
-  command->add_option("--calibrations", options.calibrations, "Folder of calibrations, an entry for each serial number")
-      ->type_name("DIR")
-      ->envname("KEOCAM_DATA_DIR");
+  addCalibrationsOption(*command, options.calibrations);
   command->add_flag("--json", options.json, "Print the totals as an object");
 }
 
@@ -117,49 +120,17 @@ Answer answerTo(const CLI::App& app, const CLI::ParseError& error) {
   return usageError(unexpected ? unexpectedText(app) : printable(error.what()));
 }
 
-using Words = std::vector<std::string>;
-
-// The first plain word from `from` on. No option before a verb takes a value, so that is the verb.
-Words::const_iterator plainWord(Words::const_iterator from, Words::const_iterator end) {
-  return std::find_if(from, end, [](const std::string& text) { return text.empty() || text.front() != '-'; });
-}
-
-std::optional<Answer> complaintAbout(const std::string& before, const std::string& word, const Words& names) {
-  if (std::find(names.begin(), names.end(), word) != names.end()) return std::nullopt;
-  return usageError("There is no verb " + inQuotes(before + word) + didYouMean(word, names));
-}
-
-std::optional<Answer> wrongVerb(const Words& arguments, Words::const_iterator verb) {
-  if (verb == arguments.end()) return std::nullopt;
-  if (auto complaint = complaintAbout("", *verb, verbNames())) return complaint;
-  if (*verb != kCoreVerb) return std::nullopt;
-  const auto next = plainWord(verb + 1, arguments.end());
-  if (next == arguments.end()) return std::nullopt;
-  auto complaint = complaintAbout(std::string(kCoreVerb) + " ", *next, namesBehindCore());
-  // The word may have been meant as the value of the option before it.
-  if (complaint && next != verb + 1) {
-    complaint = usageError("Options stand behind the verb, as in \"keocam core info --camera SERIAL\"; " +
-                           inQuotes(*next) + " is no verb behind \"core\".");
-  }
-  return complaint;
-}
-
-std::string missingVerbText(bool behind_core) {
-  if (!behind_core) return "A verb is missing.";
-  std::string text;
-  for (const std::string& name : namesBehindCore()) text += (text.empty() ? "" : ", ") + name;
-  return std::string("A verb is missing behind \"") + kCoreVerb + "\": " + text + ".";
-}
-
 }  // namespace
 
 std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>& arguments) {
-  const auto verb = plainWord(arguments.begin(), arguments.end());
-  if (const auto complaint = wrongVerb(arguments, verb)) return *complaint;
+  const VerbWords words = verbWordsIn(arguments);
+  if (const std::string complaint = complaintAbout(words, verbNames()); !complaint.empty())
+    return usageError(complaint);
 
-  // Everything behind "simulate", --help included, is the simulator's.
-  const bool simulate = verb != arguments.end() && *verb == kSimulate.name;
-  const auto own_end = simulate ? verb + 1 : arguments.end();
+  // Everything behind these, --help included, is the simulator's.
+  const bool make = words.group == kCalibrationVerb && words.member == kMakeVerb;
+  const bool simulate = words.first == kSimulate.name || make;
+  const auto own_end = simulate ? arguments.begin() + static_cast<std::ptrdiff_t>(words.end) : arguments.end();
 
   CLI::App app("Find GigE Vision thermal cameras, stream from them, and control their cores", "keocam");
   Invocation invocation;
@@ -174,14 +145,17 @@ std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>
   addList(app, invocation.command);
   addStream(app, invocation.command);
   addCoreVerbs(app, invocation.command);
+  addLensVerbs(app, invocation.command);
+  addCalibrationVerbs(app, invocation.command);
   addVerb(app, kSimulate);
 
   try {
     std::vector<std::string> reversed(arguments.begin(), own_end);
     std::reverse(reversed.begin(), reversed.end());
     app.parse(reversed);
-  } catch (const CLI::RequiredError&) {
-    return usageError(missingVerbText(verb != arguments.end()));
+  } catch (const CLI::RequiredError& error) {
+    const std::string missing = missingVerbText(words);
+    return usageError(missing.empty() ? printable(error.what()) + '.' : missing);
   } catch (const CLI::ParseError& error) {
     return answerTo(app, error);
   }
@@ -189,7 +163,11 @@ std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>
   if (quiet && verbose) return usageError("--quiet and --verbose exclude each other.");
   if (quiet) invocation.verbosity = Verbosity::Quiet;
   if (verbose) invocation.verbosity = Verbosity::Verbose;
-  if (simulate) invocation.command = SimulateOptions{{own_end, arguments.end()}};
+  if (simulate) {
+    SimulateOptions options{{own_end, arguments.end()}};
+    if (make) options.arguments.insert(options.arguments.begin(), kCalibrationVerb);
+    invocation.command = options;
+  }
   return invocation;
 }
 

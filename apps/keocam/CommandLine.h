@@ -9,12 +9,17 @@
 #include "apps/keocam/ExitStatus.h"
 #include "apps/keocam/ListCommand.h"
 #include "apps/keocam/StreamCommand.h"
+#include "apps/keocam/calibration/CheckCommand.h"
+#include "apps/keocam/calibration/ShowCommand.h"
 #include "apps/keocam/core/DefaultsCommand.h"
 #include "apps/keocam/core/FfcCommand.h"
 #include "apps/keocam/core/GetCommand.h"
 #include "apps/keocam/core/InfoCommand.h"
 #include "apps/keocam/core/ResetCommand.h"
 #include "apps/keocam/core/SetCommand.h"
+#include "apps/keocam/lens/LensCurrentCommand.h"
+#include "apps/keocam/lens/LensListCommand.h"
+#include "apps/keocam/lens/LensSetCommand.h"
 
 namespace keocam::cli {
 
@@ -24,7 +29,8 @@ struct SimulateOptions {
 
 /// The options of the verb.
 using Command = std::variant<ListOptions, StreamOptions, SimulateOptions, GetOptions, SetOptions, FfcOptions,
-                             InfoOptions, ResetOptions, DefaultsOptions, FactoryDefaultsOptions>;
+                             InfoOptions, ResetOptions, DefaultsOptions, FactoryDefaultsOptions, LensListOptions,
+                             LensCurrentOptions, LensSetOptions, CalibrationShowOptions, CalibrationCheckOptions>;
 
 /// What the user asked for.
 struct Invocation {

@@ -43,4 +43,10 @@ inline void addCameraOption(CLI::App& app, std::optional<std::string>& serial_nu
   app.add_option("-c,--camera", serial_number, "Serial number; needed if there are several")->type_name("SERIAL");
 }
 
+inline void addCalibrationsOption(CLI::App& app, std::string& folder) {
+  app.add_option("--calibrations", folder, "Folder of calibrations, an entry for each serial number")
+      ->type_name("DIR")
+      ->envname("KEOCAM_DATA_DIR");
+}
+
 }  // namespace keocam::cli

@@ -41,6 +41,15 @@ class Runner {
   ExitStatus operator()(const ResetOptions& options) { return runReset(options, console_); }
   ExitStatus operator()(const DefaultsOptions& options) { return runDefaults(options, console_); }
   ExitStatus operator()(const FactoryDefaultsOptions& options) { return runFactoryDefaults(options, console_); }
+  ExitStatus operator()(const LensListOptions& options) { return runLensList(options, console_, output_); }
+  ExitStatus operator()(const LensCurrentOptions& options) { return runLensCurrent(options, console_, output_); }
+  ExitStatus operator()(const LensSetOptions& options) { return runLensSet(options, console_); }
+  ExitStatus operator()(const CalibrationShowOptions& options) {
+    return runCalibrationShow(options, console_, output_);
+  }
+  ExitStatus operator()(const CalibrationCheckOptions& options) {
+    return runCalibrationCheck(options, console_, output_);
+  }
 
  private:
   Console console_;

@@ -1,0 +1,63 @@
+#include "apps/keocam/lens/LensCurrentCommand.h"
+
+#include <algorithm>
+
+#include "apps/keocam/CameraChoice.h"
+#include "apps/keocam/CommandFailure.h"
+#include "apps/keocam/core/CoreSession.h"
+#include "apps/keocam/lens/LensReport.h"
+#include "calibration/Calibration.h"
+#include "calibration/SffcProtocol.h"
+#include "serial/CheckedExchange.h"
+
+namespace keocam::cli {
+namespace {
+
+constexpr uint8_t kLowSlot = 0;
+constexpr uint8_t kMiddleSlot = 1;
+constexpr int kQueryWait_us = 10'000;
+
+ReplyBuffer answerTo(CoreSession& session, uint8_t code, const std::vector<uint8_t>& payload, std::size_t least_bytes) {
+  const CoreValue<ReplyBuffer> reply =
+      session.attempt([&] { return checkedMessage(session.core(), code, payload, kQueryWait_us, least_bytes); });
+  if (reply.ok()) return reply.value;
+  throw CommandFailure(exitStatusOf(reply.status), "The tables of the core of " + nameOf(session.camera()) +
+                                                       " could not be read: " + wordsFor(reply.status) + ". " +
+                                                       adviceOn(reply.status));
+}
+
+HeldTable tableIn(CoreSession& session, uint8_t slot) {
+  constexpr std::size_t kRegion_bytes = 8;
+  const SffcRegion region = regionOf(answerTo(session, kSlotRegion, slotPayload(slot), kRegion_bytes).payload());
+  HeldTable table;
+  table.size_bytes = region.size_bytes;
+  for (uint32_t i = 0; i < HeldTable::kSamples; ++i) {
+    const uint32_t address = region.address + HeldTable::offsetOf(i, region.size_bytes);
+    const ReplyBuffer reply = answerTo(session, kReadMemory, readPayload(address), HeldTable::kSample_bytes);
+    std::copy_n(reply.payload(), HeldTable::kSample_bytes, table.samples[i].begin());
+  }
+  return table;
+}
+
+}  // namespace
+
+ExitStatus runLensCurrent(const LensCurrentOptions& options, const Console& console, DataOutput& output) {
+  CoreSession session(options.serial_number, console);
+  const CameraCalibration calibration = calibrationOf(session.camera().serial_number, options.calibrations);
+  session.connect();
+  session.core().setCalibrationData(calibration.entry.text, calibration.entry.version, calibration.entry.serial_number);
+
+  HeldTables held;
+  held.low = tableIn(session, kLowSlot);
+  held.middle = tableIn(session, kMiddleSlot);
+  const HeldLens found = heldLens(held, calibrationVect);
+  if (options.json) {
+    output.write(heldLensJson(session.camera().serial_number, found, calibration.lenses));
+  } else if (found.lens) {
+    output.write(shownName(calibration.lenses[*found.lens].name) + '\n');
+  }
+  if (found.lens) return ExitStatus::Ok;
+  throw CommandFailure(ExitStatus::Failure, noHeldLensText(held, found, calibration.lenses));
+}
+
+}  // namespace keocam::cli
