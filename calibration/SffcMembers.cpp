@@ -29,7 +29,7 @@ struct Sample {
 void tell(const std::string& failure) { keocam::printErrorLine("CameraSerialSettings::CheckCameraSffc: " + failure); }
 
 void readSample(keocam::SerialExchange& port, uint32_t address, Sample& sample) {
-  const std::vector<uint8_t> payload = keocam::readPayload(address);
+  const std::vector<uint8_t> payload = keocam::readPayload(address, keocam::kPiece_bytes);
   const std::vector<uint8_t> frame =
       keocam::makeRequest(keocam::kReadMemory, payload.data(), static_cast<uint16_t>(payload.size()));
   if (!port.write(frame.data(), frame.size())) return tell("Error writing message to camera.");
@@ -37,12 +37,12 @@ void readSample(keocam::SerialExchange& port, uint32_t address, Sample& sample) 
   if (!port.read(reply, kAnswer_ms)) {
     return tell("Error reading message from camera. " + std::to_string(reply.size));
   }
-  sample.read = true;
+  sample.read = reply.size >= keocam::kPayloadOffset + sample.bytes.size();
   std::copy_n(reply.payload(), sample.bytes.size(), sample.bytes.begin());
 }
 
-// A sample that was not read is nobody's: a lens must not be taken for the core's because the core fell silent. Nor is
-// one that lies beyond what a record can hold.
+// A sample that did not come whole is nobody's: a lens must not be taken for the core's because the core fell silent or
+// refused. Nor is one that lies beyond what a record can hold.
 bool matches(const Sample& sample, const CalibrationStruct& lens) {
   return sample.read && sample.offset + sample.bytes.size() <= kSffcCapacity_bytes &&
          std::equal(sample.bytes.begin(), sample.bytes.end(), lens.sffcHighRange + sample.offset);

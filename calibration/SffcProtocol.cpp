@@ -46,11 +46,11 @@ std::vector<uint8_t> writePayload(uint32_t address, const uint8_t* data, uint32_
   return payload;
 }
 
-std::vector<uint8_t> readPayload(uint32_t address) {
+std::vector<uint8_t> readPayload(uint32_t address, uint32_t size) {
   std::vector<uint8_t> payload;
   append(payload, address);
-  payload.push_back(static_cast<uint8_t>(kPiece_bytes >> 8));
-  payload.push_back(static_cast<uint8_t>(kPiece_bytes & 0xFF));
+  payload.push_back(static_cast<uint8_t>(size >> 8 & 0xFF));
+  payload.push_back(static_cast<uint8_t>(size & 0xFF));
   return payload;
 }
 

@@ -45,7 +45,7 @@ std::vector<uint8_t> geometryPayload();
 std::vector<uint8_t> useSlotPayload(CameraSerialSettings::RangeModes range);
 std::vector<uint8_t> erasePayload(uint16_t block);
 std::vector<uint8_t> writePayload(uint32_t address, const uint8_t* data, uint32_t size);
-std::vector<uint8_t> readPayload(uint32_t address);
+std::vector<uint8_t> readPayload(uint32_t address, uint32_t size);
 
 /// From the payload of a reply, 8 bytes.
 SffcRegion regionOf(const uint8_t* payload);

@@ -133,8 +133,8 @@ TableState SffcTransfer::verify() {
   for (uint32_t offset = 0; offset < region_.size_bytes; offset += kPiece_bytes) {
     if (!proceed(TransferPhase::Verifying, offset)) return TableState::NotVerified;
     ReplyBuffer reply;
-    if (!readPiece(port, region_.address + offset, reply)) return TableState::NotVerified;
     const uint32_t size = std::min(kPiece_bytes, region_.size_bytes - offset);
+    if (!readPiece(port, region_.address + offset, size, reply)) return TableState::NotVerified;
     if (!std::equal(reply.payload(), reply.payload() + size, table + offset)) {
       fail("", "The core holds other bytes than were written, at " + std::to_string(offset) + ".");
       return TableState::Differs;
@@ -144,13 +144,13 @@ TableState SffcTransfer::verify() {
   return TableState::Verified;
 }
 
-bool SffcTransfer::readPiece(SerialExchange& port, uint32_t address, ReplyBuffer& reply) {
-  const std::vector<uint8_t> frame = frameOf(kReadMemory, readPayload(address));
+bool SffcTransfer::readPiece(SerialExchange& port, uint32_t address, uint32_t size, ReplyBuffer& reply) {
+  const std::vector<uint8_t> frame = frameOf(kReadMemory, readPayload(address, size));
   if (!port.write(frame.data(), frame.size())) {
     fail("", "The camera took no bytes for the core.");
     return false;
   }
-  if (port.read(reply, kAnswer_ms) && accepted(reply, kReadMemory, kPiece_bytes)) return true;
+  if (port.read(reply, kAnswer_ms) && accepted(reply, kReadMemory, size)) return true;
   fail("", "The core did not give its table back.");
   return false;
 }

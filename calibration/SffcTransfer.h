@@ -51,7 +51,7 @@ class SffcTransfer {
   bool writePieces();
   bool writeFullPiece(SerialExchange& port, uint32_t offset);
   bool writeLastPiece(SerialExchange& port, uint32_t offset, uint32_t size);
-  bool readPiece(SerialExchange& port, uint32_t address, ReplyBuffer& reply);
+  bool readPiece(SerialExchange& port, uint32_t address, uint32_t size, ReplyBuffer& reply);
 
   std::optional<ReplyBuffer> ask(uint8_t code, const std::vector<uint8_t>& payload, int wait_us,
                                  std::size_t payload_bytes);

@@ -21,6 +21,7 @@ simulator::CameraOptions withCore(const CoreCameraOptions& options) {
   core.reset_ms = options.reset_ms;
   core.log_entries = kLogEntries;
   core.thermal.still = true;
+  if (options.flash) core.flash.geometry = *options.flash;
   camera.core = std::make_shared<simulator::ThermalCore>(core);
   return camera;
 }

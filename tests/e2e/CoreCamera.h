@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 #include <thread>
 
 #include "serial/CameraSerialSettings.h"
@@ -17,6 +18,7 @@ struct CoreCameraOptions {
   bool pacing = false;  ///< serial bytes take their time at 57600 baud
   uint32_t shutter_ms = 300;
   uint32_t reset_ms = 300;
+  std::optional<simulator::FlashGeometry> flash;  ///< else the sensor's
 };
 
 class CoreCamera {

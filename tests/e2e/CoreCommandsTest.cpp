@@ -16,7 +16,6 @@
 namespace {
 
 using keocam::ParameterRow;
-namespace settings = keocam::settings;
 using Clock = std::chrono::steady_clock;
 
 class CoreCommands : public testing::Test {

@@ -43,6 +43,7 @@ constexpr int never(int /*value*/) { return 0; }
 // Values that the core holds as they are, in two's complement.
 std::vector<SettingCase> same(const std::vector<int>& values, uint16_t mask = 0xFFFF) {
   std::vector<SettingCase> cases;
+  cases.reserve(values.size());
   for (const int value : values) cases.push_back({value, static_cast<uint16_t>(static_cast<unsigned>(value) & mask)});
   return cases;
 }

@@ -51,6 +51,7 @@ TEST(Streaming, FourCameras_ThirtyFramesPerSecondEach_ThousandFramesCompleteFrom
         std::async(std::launch::async, [&camera] { return std::make_unique<e2e::Connection>(camera); }));
   }
   std::vector<std::unique_ptr<e2e::Connection>> connections;
+  connections.reserve(connecting.size());
   for (auto& connection : connecting) connections.push_back(connection.get());
 
   // Each acquisition is started by the thread that reads it: one that streams unread soon has no free buffer.

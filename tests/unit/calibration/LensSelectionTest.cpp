@@ -212,6 +212,14 @@ TEST_F(LensSelectionTest, Check_SamplesNotAskedFor_AreReported_AndMatchNoLens) {
   EXPECT_EQ(takePrinted(), Log(4, "err: CameraSerialSettings::CheckCameraSffc: Error writing message to camera.\\n"));
 }
 
+TEST_F(LensSelectionTest, Check_SamplesRefused_MatchNoLens) {
+  useLenses({tables("plain", 0)});
+  replyTo(214, longs(0x1000, 300));
+  for (int i = 0; i < 4; ++i) replyTo(210, {}, 0x03);
+  EXPECT_EQ(core_.CheckCameraSffc(), -1);
+  EXPECT_EQ(takePrinted(), Log{}) << "the content of these answers is not looked at";
+}
+
 TEST_F(LensSelectionTest, Check_TableLargerThanAnyRecord_MatchesNoLens) {
   replyTo(214, longs(0, 0xFFFFFFFF));
   for (int i = 0; i < 4; ++i) replyTo(210, Bytes(128));
