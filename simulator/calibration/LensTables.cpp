@@ -58,7 +58,8 @@ std::array<Bytes, 2> readLensTables(const std::string& folder, const std::string
         const std::string where = "lens '" + lens + "' in '" + path + "'";
         return {tableBehind(record, "SffcLowRange:", where), tableBehind(record, "SffcHighRange:", where)};
       }
-      there += (there.empty() ? "" : ", ") + name;
+      if (!there.empty()) there += ", ";
+      there += name;
     }
     begin = next;
   }

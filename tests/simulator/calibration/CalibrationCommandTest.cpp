@@ -31,6 +31,7 @@ class CalibrationCommand : public ::testing::Test {
   Outcome run(std::vector<std::string> words) const {
     words.insert(words.begin(), {"calibration", "--folder", folder});
     std::vector<const char*> arguments;
+    arguments.reserve(words.size());
     for (const std::string& word : words) arguments.push_back(word.c_str());
     CaptureStdout();
     CaptureStderr();
@@ -43,6 +44,7 @@ class CalibrationCommand : public ::testing::Test {
   static ProgramOptions parse(std::vector<std::string> words) {
     words.insert(words.begin(), "keocam-simulator");
     std::vector<const char*> arguments;
+    arguments.reserve(words.size());
     for (const std::string& word : words) arguments.push_back(word.c_str());
     return std::get<ProgramOptions>(parseCommandLine(static_cast<int>(arguments.size()), arguments.data()));
   }

@@ -12,6 +12,16 @@ using namespace simulator;
 
 constexpr std::array<std::array<double, 2>, kCalibrationRanges> kCelsius{{{-40, 150}, {-40, 650}, {400, 1500}}};
 
+std::vector<double> samples(std::size_t range) {
+  constexpr int kSteps = 200;
+  std::vector<double> celsius(kSteps + 1);
+  const auto [low, high] = kCelsius[range];
+  for (int step = 0; step <= kSteps; ++step) {
+    celsius[static_cast<std::size_t>(step)] = low + (high - low) * step / kSteps;
+  }
+  return celsius;
+}
+
 double line(const CalibrationRow& row, std::size_t first, double celsius) {
   return double{row[first]} + double{row[first + 1]} * celsius;
 }
@@ -49,7 +59,7 @@ TEST_P(SeededLens, Corrections_AreSmallEverywhere) {
   for (std::size_t range = 0; range < kCalibrationRanges; ++range) {
     double largest = 0;
     for (std::size_t row = 0; row < kCalibrationRows; ++row) {
-      for (double celsius = kCelsius[range][0]; celsius <= kCelsius[range][1]; celsius += 5) {
+      for (const double celsius : samples(range)) {
         largest = std::max(largest, std::fabs(correction(data, range, row, celsius, true)));
       }
     }
@@ -65,7 +75,7 @@ TEST_P(SeededLens, Corrections_OfOlderGrammarsAreSmallToo) {
   const LensData old = lensDataOf(older, 0);
   for (std::size_t range = 0; range < 2; ++range) {
     for (std::size_t row = 0; row < kCalibrationRows; ++row) {
-      for (double celsius = kCelsius[range][0]; celsius <= kCelsius[range][1]; celsius += 5) {
+      for (const double celsius : samples(range)) {
         ASSERT_LT(std::fabs(correction(old, range, row, celsius, false)), 2.0) << range << " " << row;
       }
     }

@@ -140,7 +140,7 @@ TEST_P(CutTransfer, DeafAfterSomeWrites_LeavesExactlyThese) {
   EXPECT_EQ(bench.transfer(0, wanted), writes == 8);
   EXPECT_EQ(bench.core.flashCounters().writes, writes);
   Bytes expected(1000, 0xFF);
-  std::copy_n(wanted.begin(), std::min<std::size_t>(1000, writes * 128), expected.begin());
+  std::copy_n(wanted.begin(), std::min<std::size_t>(1000, std::size_t{writes} * 128), expected.begin());
   EXPECT_EQ(bench.core.lensTable(0), expected);
   EXPECT_TRUE(bench.send(request(kContrast)).empty()) << "silent to everything";
   bench.core.clearFaults();

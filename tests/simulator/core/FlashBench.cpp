@@ -21,7 +21,8 @@ Bytes at(uint32_t address, const Bytes& rest) {
 
 Bytes table(std::size_t size, uint8_t seed) {
   Bytes bytes(size);
-  for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<uint8_t>((i * 37 + i / 251 + seed * 101U) & 0xFFU);
+  for (std::size_t i = 0; i < size; ++i)
+    bytes[i] = static_cast<uint8_t>((i * 37 + i / 251 + seed * std::size_t{101}) & 0xFFU);
   return bytes;
 }
 
