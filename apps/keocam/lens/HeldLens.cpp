@@ -9,9 +9,8 @@ bool isOf(const HeldTable& held, const CalibrationStruct& lens, const uint8_t* t
   if (lens.sffcTableSize < 1 || held.size_bytes != static_cast<uint32_t>(lens.sffcTableSize)) return false;
   for (uint32_t i = 0; i < HeldTable::kSamples; ++i) {
     const uint32_t offset = HeldTable::offsetOf(i, held.size_bytes);
-    // A core's last sample may reach beyond the table; what is there is not the lens'.
-    const uint32_t size = std::min(HeldTable::kSample_bytes, held.size_bytes - offset);
-    if (!std::equal(held.samples[i].begin(), held.samples[i].begin() + size, table + offset)) return false;
+    const auto* const sample = held.samples[i].data();
+    if (!std::equal(sample, sample + HeldTable::bytesOf(i, held.size_bytes), table + offset)) return false;
   }
   return true;
 }
@@ -31,9 +30,12 @@ HeldLens heldLens(const HeldTables& held, const std::vector<CalibrationStruct>& 
 }
 
 bool isErased(const HeldTable& table) {
-  return std::all_of(table.samples.begin(), table.samples.end(), [](const auto& sample) {
-    return std::all_of(sample.begin(), sample.end(), [](uint8_t byte) { return byte == 0xFF; });
-  });
+  for (uint32_t i = 0; i < HeldTable::kSamples; ++i) {
+    const auto* const sample = table.samples[i].data();
+    const uint32_t size = HeldTable::bytesOf(i, table.size_bytes);
+    if (!std::all_of(sample, sample + size, [](uint8_t byte) { return byte == 0xFF; })) return false;
+  }
+  return true;
 }
 
 }  // namespace keocam::cli

@@ -18,9 +18,14 @@ struct HeldTable {
   static constexpr uint32_t kSample_bytes = 128;
 
   uint32_t size_bytes = 0;
-  std::array<std::array<uint8_t, kSample_bytes>, kSamples> samples{};
+  std::array<std::array<uint8_t, kSample_bytes>, kSamples> samples{};  ///< zeros beyond the table
 
   static constexpr uint32_t offsetOf(uint32_t sample, uint32_t size_bytes) { return sample * (size_bytes / kSamples); }
+  /// The bytes of a sample that lie in the table: all but of the smallest tables.
+  static constexpr uint32_t bytesOf(uint32_t sample, uint32_t size_bytes) {
+    const uint32_t rest_bytes = size_bytes - offsetOf(sample, size_bytes);
+    return rest_bytes < kSample_bytes ? rest_bytes : kSample_bytes;
+  }
 };
 
 /// The core's two tables, by the range that they are for.

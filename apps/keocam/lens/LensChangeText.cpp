@@ -38,10 +38,10 @@ std::string nextStep(const LensChange& change) {
 std::string beginText(const std::string& camera, const std::string& lens, uint32_t table_bytes,
                       Verification verification) {
   const bool verified = verification == Verification::ReadBack;
-  return "Writing the two tables of the lens " + inQuotes(lens) + " into the core of " + camera + ": " +
-         std::to_string(table_bytes) + " bytes each" + (verified ? ", then read back" : "") + ". This takes about " +
+  return "Writing the two tables of the lens " + inQuotes(lens) + " into the core of " + camera + ".\nThey have " +
+         std::to_string(table_bytes) + " bytes each" + (verified ? " and are read back" : "") + ", which takes about " +
          roughDuration(TransferMeter(table_bytes, verification).expected_s()) +
-         "; keep the camera powered and connected. Ctrl-C stops it.";
+         ".\nKeep the camera powered and connected. Ctrl-C stops.";
 }
 
 std::string completeText(const std::string& lens, const LensChange& change) {

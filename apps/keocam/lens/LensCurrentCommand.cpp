@@ -33,8 +33,10 @@ HeldTable tableIn(CoreSession& session, uint8_t slot) {
   table.size_bytes = region.size_bytes;
   for (uint32_t i = 0; i < HeldTable::kSamples; ++i) {
     const uint32_t address = region.address + HeldTable::offsetOf(i, region.size_bytes);
-    const ReplyBuffer reply = answerTo(session, kReadMemory, readPayload(address), HeldTable::kSample_bytes);
-    std::copy_n(reply.payload(), HeldTable::kSample_bytes, table.samples[i].begin());
+    const uint32_t size = HeldTable::bytesOf(i, region.size_bytes);
+    if (size == 0) continue;
+    const ReplyBuffer reply = answerTo(session, kReadMemory, readPayload(address, size), size);
+    std::copy_n(reply.payload(), size, table.samples[i].begin());
   }
   return table;
 }

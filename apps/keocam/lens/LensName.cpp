@@ -10,6 +10,22 @@
 namespace keocam::cli {
 namespace {
 
+std::string lowerCase(std::string text) {
+  for (char& c : text) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  return text;
+}
+
+// A slip of the pen, or a part of the name.
+std::string near(const std::string& name, const std::vector<std::string>& names) {
+  const std::string slip = didYouMean(name, names);
+  if (!slip.empty() || name.size() < 2) return slip;
+  const auto holds = [part = lowerCase(name)](const std::string& whole) {
+    return lowerCase(whole).find(part) != std::string::npos;
+  };
+  const auto found = std::find_if(names.begin(), names.end(), holds);
+  return found == names.end() ? std::string() : "; did you mean " + inQuotes(*found) + "?";
+}
+
 CommandFailure unknown(const std::string& name, const std::vector<LensSummary>& lenses) {
   std::vector<std::string> names;
   std::string all;
@@ -17,7 +33,7 @@ CommandFailure unknown(const std::string& name, const std::vector<LensSummary>& 
     names.emplace_back(withoutTrailingBlanks(lens.name));
     all += (all.empty() ? "" : ", ") + shownName(lens.name);
   }
-  const std::string suggestion = didYouMean(name, names);
+  const std::string suggestion = near(name, names);
   return {ExitStatus::Failure, "The calibration has no lens " + inQuotes(name) +
                                    (suggestion.empty() ? "." : suggestion) + " It has: " + all + "."};
 }

@@ -18,10 +18,16 @@ std::string phaseText(const TransferView& view) {
 // A phase counts as done only when it is.
 int percentOf(const TransferView& view) { return static_cast<int>(std::floor(view.fraction * 100.0)); }
 
-std::string formatted(const char* format, int percent, double rate_bytes_s, const std::string& left) {
-  char text[96];
-  std::snprintf(text, sizeof text, format, percent, rate_bytes_s, left.c_str());
+// Nothing, where nothing is known yet.
+std::string rateText(double rate_bytes_s, const char* format) {
+  if (rate_bytes_s < 1.0) return {};
+  char text[48];
+  std::snprintf(text, sizeof text, format, rate_bytes_s);
   return text;
+}
+
+std::string rightAligned(const std::string& text, std::size_t columns) {
+  return std::string(columns - std::min(text.size(), columns), ' ') + text;
 }
 
 std::string bar(double fraction, std::size_t columns) {
@@ -37,8 +43,9 @@ const char* wordFor(SffcTable table) { return table == SffcTable::Low ? "low-ran
 std::string transferBar(const TransferView& view, std::size_t columns) {
   constexpr std::size_t kPhaseColumns = 32;  // as long as the longest, so that the bar stands still
   std::string text = phaseText(view);
-  const std::string figures =
-      formatted("%3d%% %6.0f B/s %7s left", percentOf(view), view.rate_bytes_s, clockText(view.left_s));
+  const std::string figures = rightAligned(std::to_string(percentOf(view)), 3) + "% " +
+                              rightAligned(rateText(view.rate_bytes_s, "%.0f B/s"), 10) + ' ' +
+                              rightAligned(clockText(view.left_s), 7) + " left";
   const std::size_t taken = kPhaseColumns + 1 + figures.size() + 1;
   if (columns < taken + kLeastBar) return text + ' ' + figures;
   text.resize(kPhaseColumns, ' ');
@@ -46,8 +53,8 @@ std::string transferBar(const TransferView& view, std::size_t columns) {
 }
 
 std::string transferLine(const TransferView& view) {
-  return phaseText(view) +
-         formatted(": %d%%, %.0f bytes/s, %s left", percentOf(view), view.rate_bytes_s, clockText(view.left_s));
+  return phaseText(view) + ": " + std::to_string(percentOf(view)) + '%' +
+         rateText(view.rate_bytes_s, ", %.0f bytes/s") + ", " + clockText(view.left_s) + " left";
 }
 
 std::string roughDuration(double duration_s) {
