@@ -43,6 +43,8 @@ Bytes tableBehind(std::string_view record, std::string_view key, const std::stri
 
 std::array<Bytes, 2> readLensTables(const std::string& folder, const std::string& serial, const std::string& lens) {
   const std::string path = folder + "/" + serial + "/calibration.txt";
+  std::string where = "lens '";
+  where.append(lens).append("' in '").append(path).append("'");
   const std::optional<std::string> text = readWholeFile(path, kMostTextBytes);
   if (!text)
     throw std::runtime_error("there is no calibration '" + path + "'; \"keocam-simulator calibration\" makes one");
@@ -55,7 +57,6 @@ std::array<Bytes, 2> readLensTables(const std::string& folder, const std::string
     if (key != std::string_view::npos) {
       const std::string name(record.substr(key + kName.size(), kNameBytes));
       if (name == nameInText(lens)) {
-        const std::string where = "lens '" + lens + "' in '" + path + "'";
         return {tableBehind(record, "SffcLowRange:", where), tableBehind(record, "SffcHighRange:", where)};
       }
       if (!there.empty()) there += ", ";
