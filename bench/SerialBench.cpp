@@ -18,53 +18,14 @@
 #include <string>
 #include <vector>
 
-#include "camera/CameraCenter.h"
-#include "serial/CameraSerialSettings.h"
-#include "simulator/SimulatedCamera.h"
-#include "simulator/core/CoreOptionsFor.h"
+#include "bench/BridgedCore.h"
 
 namespace {
 
 constexpr int kExchanges = 200;
 constexpr double kWaits_ms = 1.0 + 10.0;  // after the request is written, and before the answer is asked for
-constexpr double kCharacter_ms = 10.0 * 1000.0 / 57600.0;
 constexpr double kOverhead_bytes = 10;
 constexpr double kWord_bytes = 2;
-
-simulator::CameraOptions optionsOf(const std::string& serial, const std::string& address, bool pacing) {
-  simulator::CameraOptions options;
-  options.serial = serial;
-  options.address = address;
-  options.uart_pacing = pacing;
-  simulator::CoreOptions core = simulator::coreOptionsFor(options);
-  core.processing_us = 0;
-  options.core = std::make_shared<simulator::ThermalCore>(core);
-  return options;
-}
-
-/// A connected camera whose bridge is set up for its core.
-class Bridge {
- public:
-  explicit Bridge(Camera& camera) : camera_(camera) {
-    if (camera_.Connect() != 0) throw std::runtime_error("cannot connect " + camera_.serialNumber);
-    PvGenParameterArray& features = *camera_.device->GetParameters();
-    for (const auto& [name, value] :
-         {std::pair("BulkSelector", "Bulk0"), std::pair("BulkMode", "UART"), std::pair("BulkBaudRate", "Baud57600"),
-          std::pair("BulkNumOfStopBits", "One"), std::pair("BulkParity", "None")}) {
-      if (!features.SetEnumValue(name, value).IsOK()) throw std::runtime_error(std::string("cannot set ") + name);
-    }
-    core_ = std::make_unique<CameraSerialSettings>(camera_.device, PvDeviceSerialBulk0);
-  }
-  ~Bridge() { camera_.Disconnect(); }
-  Bridge(const Bridge&) = delete;
-  Bridge& operator=(const Bridge&) = delete;
-
-  CameraSerialSettings& core() { return *core_; }
-
- private:
-  Camera& camera_;
-  std::unique_ptr<CameraSerialSettings> core_;
-};
 
 ResponseStatuses readContrast(CameraSerialSettings& core) {
   uint16_t value = 0;
@@ -100,7 +61,7 @@ void measure(benchmark::State& state, CameraSerialSettings& core, const Exchange
   }
   std::sort(times_ms.begin(), times_ms.end());
   const double median_ms = times_ms[times_ms.size() / 2];
-  const double wire_ms = paced ? exchange.bytes * kCharacter_ms : 0.0;
+  const double wire_ms = paced ? exchange.bytes * bench::kCharacter_ms : 0.0;
   const double floor_ms = std::max(exchange.waits_ms, wire_ms);
   const double sum_ms = exchange.waits_ms + wire_ms;
   // On a busy machine the tenth percentile is nearest to what the library itself takes.
@@ -124,13 +85,13 @@ int main(int argc, char** argv) {
   std::ostream table(std::cout.rdbuf());
   std::cout.rdbuf(nullptr);
   try {
-    const simulator::SimulatedCamera paced(optionsOf("KEOD2001", "127.0.0.2", true));
-    const simulator::SimulatedCamera unpaced(optionsOf("KEOD2002", "127.0.0.3", false));
+    const simulator::SimulatedCamera paced(bench::cameraWithCore("KEOD2001", "127.0.0.2", true));
+    const simulator::SimulatedCamera unpaced(bench::cameraWithCore("KEOD2002", "127.0.0.3", false));
     CameraCenter center("");
-    std::vector<std::unique_ptr<Bridge>> bridges;
+    std::vector<std::unique_ptr<bench::BridgedCore>> bridges;
     for (Camera* const camera : center.cameras) {
       const bool is_paced = camera->serialNumber == paced.options().serial;
-      bridges.push_back(std::make_unique<Bridge>(*camera));
+      bridges.push_back(std::make_unique<bench::BridgedCore>(*camera));
       for (const Exchange& exchange : kExchangesMeasured) {
         const std::string name = exchange.name + std::string(is_paced ? "/57600_baud" : "/at_once");
         benchmark::RegisterBenchmark(name.c_str(),

@@ -101,7 +101,7 @@ bool SffcTransfer::writeFullPiece(SerialExchange& port, uint32_t offset) {
     return false;
   }
   ReplyBuffer reply;
-  if (!port.read(reply, kAnswer_ms)) {
+  if (!port.read(reply, kAnswer_ms, replyRoom(0))) {
     fail("Error reading message from camera. " + std::to_string(reply.size), "The core did not answer.");
     return false;
   }
@@ -117,7 +117,7 @@ bool SffcTransfer::writeLastPiece(SerialExchange& port, uint32_t offset, uint32_
   if (!written) fail("Error writing message to camera.", "The camera took no bytes for the core.");
   for (int polls = 0; port.ready() < kFrameOverhead_bytes && polls < kPolls; ++polls) usleep(kPoll_us);
   ReplyBuffer reply;
-  if (!port.receive(reply, kAnswer_ms)) {
+  if (!port.receive(reply, kAnswer_ms, replyRoom(0))) {
     fail("Error reading message from camera.", "The core did not answer.");
     return false;
   }
@@ -150,9 +150,14 @@ bool SffcTransfer::readPiece(SerialExchange& port, uint32_t address, uint32_t si
     fail("", "The camera took no bytes for the core.");
     return false;
   }
-  if (port.read(reply, kAnswer_ms) && accepted(reply, kReadMemory, size)) return true;
+  if (port.read(reply, kAnswer_ms, replyRoom(size)) && accepted(reply, kReadMemory, size)) return true;
   fail("", "The core did not give its table back.");
   return false;
+}
+
+// Who knows how long the answer will be need not wait for the line to fall silent behind it: some 3 % of a transfer.
+std::size_t SffcTransfer::replyRoom(std::size_t payload_bytes) const {
+  return manner_ == TransferManner::Checked ? kFrameOverhead_bytes + payload_bytes : kReplyRoom_bytes;
 }
 
 std::optional<ReplyBuffer> SffcTransfer::ask(uint8_t code, const std::vector<uint8_t>& payload, int wait_us,

@@ -53,6 +53,7 @@ class SffcTransfer {
   bool writeLastPiece(SerialExchange& port, uint32_t offset, uint32_t size);
   bool readPiece(SerialExchange& port, uint32_t address, uint32_t size, ReplyBuffer& reply);
 
+  std::size_t replyRoom(std::size_t payload_bytes) const;
   std::optional<ReplyBuffer> ask(uint8_t code, const std::vector<uint8_t>& payload, int wait_us,
                                  std::size_t payload_bytes);
   bool accepted(const ReplyBuffer& reply, uint8_t code, std::size_t payload_bytes) const;

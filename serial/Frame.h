@@ -23,6 +23,7 @@ namespace keocam {
 constexpr std::size_t kFrameOverhead_bytes = 10;
 constexpr std::size_t kStatusOffset = 1;
 constexpr std::size_t kPayloadOffset = 8;
+constexpr std::size_t kReplyRoom_bytes = 1024;
 
 /// A request. A null payload stands for `size` zeros.
 std::vector<uint8_t> makeRequest(uint8_t function_code, const uint8_t* payload, uint16_t size);
@@ -43,7 +44,7 @@ struct ReplyBuffer {
   ResponseStatuses status() const { return statusOf(bytes[kStatusOffset]); }
   const uint8_t* payload() const { return bytes.data() + kPayloadOffset; }
 
-  std::array<uint8_t, 1024> bytes{};
+  std::array<uint8_t, kReplyRoom_bytes> bytes{};
   uint32_t size = 0;  ///< bytes received
 };
 

@@ -1,5 +1,7 @@
 #include "serial/SerialExchange.h"
 
+#include <algorithm>
+
 namespace keocam {
 
 SerialExchange::SerialExchange(PvDevice* device, PvDeviceSerial port)
@@ -19,14 +21,15 @@ uint32_t SerialExchange::ready() {
   return port_.GetRxBytesReady(count).IsOK() ? count : 0;
 }
 
-bool SerialExchange::receive(ReplyBuffer& reply, uint32_t timeout_ms) {
-  return port_.Read(reply.bytes.data(), static_cast<uint32_t>(reply.bytes.size()), reply.size, timeout_ms).IsOK();
+bool SerialExchange::receive(ReplyBuffer& reply, uint32_t timeout_ms, std::size_t most_bytes) {
+  const std::size_t size = std::min(most_bytes, reply.bytes.size());
+  return port_.Read(reply.bytes.data(), static_cast<uint32_t>(size), reply.size, timeout_ms).IsOK();
 }
 
-bool SerialExchange::read(ReplyBuffer& reply, uint32_t timeout_ms) {
+bool SerialExchange::read(ReplyBuffer& reply, uint32_t timeout_ms, std::size_t most_bytes) {
   // The count is of no use, but some devices move received bytes along only when asked.
   static_cast<void>(ready());
-  return receive(reply, timeout_ms);
+  return receive(reply, timeout_ms, most_bytes);
 }
 
 }  // namespace keocam

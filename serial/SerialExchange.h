@@ -31,11 +31,12 @@ class SerialExchange {
   /// How many bytes have come; 0 as well if the device does not say.
   uint32_t ready();
 
-  /// Waits up to `timeout_ms` milliseconds for an answer. False if none came.
-  bool receive(ReplyBuffer& reply, uint32_t timeout_ms);
+  /// Waits up to `timeout_ms` milliseconds for an answer. False if none came. It is over when the line falls silent,
+  /// or, sooner, after `most_bytes`.
+  bool receive(ReplyBuffer& reply, uint32_t timeout_ms, std::size_t most_bytes = kReplyRoom_bytes);
 
   /// Asks how many bytes have come, then waits for an answer.
-  bool read(ReplyBuffer& reply, uint32_t timeout_ms);
+  bool read(ReplyBuffer& reply, uint32_t timeout_ms, std::size_t most_bytes = kReplyRoom_bytes);
 
  private:
   PvDeviceAdapter adapter_;
