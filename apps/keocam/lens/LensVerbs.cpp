@@ -3,12 +3,12 @@
 namespace keocam::cli {
 namespace {
 
-constexpr Verb kLens{kLensVerb, "Lenses of the calibration, and the one whose tables the core holds",
+constexpr Verb kLens{kLensVerb, "Show and change the lens that the core corrects",
                      "keocam lens set 25mm --calibrations calibrations"};
 
 constexpr Verb kList{"list", "The lenses of a camera's calibration",
                      "keocam lens list --camera KEOD2001 --calibrations calibrations"};
-constexpr Verb kCurrent{"current", "The lens whose tables the core holds; exit status 1 if there is none",
+constexpr Verb kCurrent{"current", "The lens whose tables the core holds",
                         "keocam lens current --calibrations calibrations"};
 constexpr Verb kSet{"set", "Write a lens' tables into the core; takes minutes",
                     "keocam lens set 25mm --calibrations calibrations"};

@@ -1,25 +1,29 @@
 #include "CameraWithCore.h"
 
 #include <thread>
+#include <utility>
 
 namespace keocam::cli {
 namespace {
 
-std::shared_ptr<simulator::ThermalCore> newCore() {
+simulator::CoreOptions usualCore() {
   simulator::CoreOptions options;
   options.log_entries = 1000;
-  return std::make_shared<simulator::ThermalCore>(options);
+  return options;
 }
 
-std::unique_ptr<simulator::SimulatedCamera> newCamera(const std::shared_ptr<simulator::ThermalCore>& core) {
-  simulator::CameraOptions options;
+std::unique_ptr<simulator::SimulatedCamera> newCamera(simulator::CameraOptions options,
+                                                      const std::shared_ptr<simulator::ThermalCore>& core) {
   options.core = core;
   return std::make_unique<simulator::SimulatedCamera>(options);
 }
 
 }  // namespace
 
-CameraWithCore::CameraWithCore() : core_(newCore()), camera_(newCamera(core_)) {}
+CameraWithCore::CameraWithCore() : CameraWithCore(usualCore(), {}) {}
+
+CameraWithCore::CameraWithCore(const simulator::CoreOptions& core, simulator::CameraOptions camera)
+    : core_(std::make_shared<simulator::ThermalCore>(core)), camera_(newCamera(std::move(camera), core_)) {}
 
 std::vector<int> CameraWithCore::asked() const {
   std::vector<int> functions;

@@ -15,6 +15,8 @@ namespace keocam::cli {
 class CameraWithCore {
  public:
   CameraWithCore();
+  /// Another core, or a bridge without the pace of a line.
+  CameraWithCore(const simulator::CoreOptions& core, simulator::CameraOptions camera);
 
   simulator::SimulatedCamera& camera() { return *camera_; }
   simulator::ThermalCore& core() { return *core_; }
