@@ -59,6 +59,6 @@ int CameraSerialSettings::changeSFFCLens() {
       keocam::makeRequest(keocam::kUseSlot, payload.data(), static_cast<uint16_t>(payload.size()));
   keocam::ReplyBuffer reply;
   const ResponseStatuses status = keocam::exchangeMessage({device, serialPort}, frame.data(), frame.size(),
-                                                          kUseSlotWait_us, reply, keocam::Report::Printed);
+                                                          kUseSlotWait_us, reply, keocam::Manner::Interface);
   return status == CAM_OK ? 0 : -1;
 }

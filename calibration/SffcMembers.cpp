@@ -61,7 +61,7 @@ int CameraSerialSettings::CheckCameraSffc() {
   const std::vector<uint8_t> query =
       keocam::makeRequest(keocam::kSlotRegion, payload.data(), static_cast<uint16_t>(payload.size()));
   if (keocam::exchangeMessage({device, serialPort}, query.data(), query.size(), kQueryWait_us, reply,
-                              keocam::Report::Printed) != CAM_OK) {
+                              keocam::Manner::Interface) != CAM_OK) {
     tell("Error in communication with camera. Camera is not responding to message.");
     return -1;
   }

@@ -169,7 +169,7 @@ std::optional<ReplyBuffer> SffcTransfer::ask(uint8_t code, const std::vector<uin
   ReplyBuffer reply;
   const std::vector<uint8_t> frame = frameOf(code, payload);
   const ResponseStatuses status =
-      exchangeMessage({core_.device, core_.serialPort}, frame.data(), frame.size(), wait_us, reply, Report::Printed);
+      exchangeMessage({core_.device, core_.serialPort}, frame.data(), frame.size(), wait_us, reply, Manner::Interface);
   return status == CAM_OK ? std::optional<ReplyBuffer>(reply) : std::nullopt;
 }
 

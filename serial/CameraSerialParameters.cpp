@@ -22,7 +22,7 @@ ResponseStatuses CameraSerialSettings::GetParameter(FunctionCodes code, void* va
   if (request.refusal != CAM_OK) return request.refusal;
   keocam::ReplyBuffer reply;
   const ResponseStatuses status =
-      keocam::exchangeRead({device, serialPort}, request.frame, reply, keocam::Report::Printed);
+      keocam::exchangeRead({device, serialPort}, request.frame, reply, keocam::Manner::Interface);
   if (status == CAM_OK && value != nullptr) keocam::storeReply(request.row->reading, reply.payload(), value);
   return status;
 }
@@ -41,5 +41,5 @@ ResponseStatuses CameraSerialSettings::SetParameter(FunctionCodes code, void* va
     return CAM_RANGE_ERROR;
   }
   keocam::ReplyBuffer reply;
-  return keocam::exchangeWrite({device, serialPort}, request.frame, reply, keocam::Report::Printed);
+  return keocam::exchangeWrite({device, serialPort}, request.frame, reply, keocam::Manner::Interface);
 }

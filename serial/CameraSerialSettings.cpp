@@ -42,7 +42,7 @@ unsigned char* CameraSerialSettings::sendMessage(unsigned char* frame, unsigned 
   keocam::ReplyBuffer reply;
   const std::size_t size = byteCount + keocam::kFrameOverhead_bytes;
   const ResponseStatuses status =
-      keocam::exchangeMessage({device, serialPort}, frame, size, waitMicroseconds, reply, keocam::Report::Printed);
+      keocam::exchangeMessage({device, serialPort}, frame, size, waitMicroseconds, reply, keocam::Manner::Interface);
   if (status != CAM_OK) return nullptr;
   auto* const answer = new unsigned char[reply.bytes.size()];
   std::copy(reply.bytes.begin(), reply.bytes.end(), answer);

@@ -21,7 +21,7 @@ CoreValue<ReplyBuffer> checkedRead(CameraSerialSettings& core, FunctionCodes cod
   const ParameterRequest request = readRequest(code, selectors);
   reply.status = request.refusal;
   if (!reply.ok()) return reply;
-  const ResponseStatuses status = exchangeRead(portOf(core), request.frame, reply.value, Report::Silent);
+  const ResponseStatuses status = exchangeRead(portOf(core), request.frame, reply.value, Manner::Checked);
   reply.status = checked(status, reply.value, code, request.row->reading.reply_bytes);
   return reply;
 }
@@ -32,7 +32,7 @@ ResponseStatuses checkedWrite(CameraSerialSettings& core, FunctionCodes code, co
   if (request.refusal != CAM_OK) return request.refusal;
   if (!acceptsValue(request.row->writing, value)) return CAM_RANGE_ERROR;
   ReplyBuffer reply;
-  const ResponseStatuses status = exchangeWrite(portOf(core), request.frame, reply, Report::Silent);
+  const ResponseStatuses status = exchangeWrite(portOf(core), request.frame, reply, Manner::Checked);
   return checked(status, reply, code, 0);
 }
 
@@ -41,7 +41,7 @@ CoreValue<ReplyBuffer> checkedMessage(CameraSerialSettings& core, uint8_t code, 
   const std::vector<uint8_t> frame = makeRequest(code, payload.data(), static_cast<uint16_t>(payload.size()));
   CoreValue<ReplyBuffer> reply{UNKNOWN_ERROR, {}};
   const ResponseStatuses status =
-      exchangeMessage(portOf(core), frame.data(), frame.size(), wait_us, reply.value, Report::Silent);
+      exchangeMessage(portOf(core), frame.data(), frame.size(), wait_us, reply.value, Manner::Checked);
   reply.status = checked(status, reply.value, code, payload_bytes);
   return reply;
 }

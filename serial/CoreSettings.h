@@ -69,9 +69,10 @@ SettingRows allSettings();
 const SettingRow* findSetting(std::string_view name);
 
 /// Reads a setting in one exchange. Unlike the members of CameraSerialSettings it checks the whole answer, function
-/// code, length and both CRCs, and prints nothing. A late answer to another function code is so told from this one's;
-/// one to the same code, such as that of another digital output, cannot be. UNKNOWN_ERROR: there was no answer, or it
-/// was not to this question; CAM_CHECKSUM_ERROR, CAM_BYTE_COUNT_ERROR: core or host found the other's message damaged.
+/// code, length and both CRCs, and prints nothing. What has come late of earlier answers is thrown away first; one
+/// that comes even later is told from this one's by its function code, but not if that is the same. UNKNOWN_ERROR:
+/// there was no answer, or it was not to this question; CAM_CHECKSUM_ERROR, CAM_BYTE_COUNT_ERROR: core or host found
+/// the other's message damaged.
 CoreValue<int> readSetting(CameraSerialSettings& core, const SettingRow& setting);
 
 /// Writes a setting. CAM_RANGE_ERROR, with nothing sent, for a value that the setting does not have. A setting that

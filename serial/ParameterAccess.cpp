@@ -22,10 +22,10 @@ enum class Reached : uint8_t { Nothing, Port, Core, Answer };
 
 class FailureReport {
  public:
-  FailureReport(Report report, const char* operation) : report_(report), operation_(operation) {}
+  FailureReport(Manner manner, const char* operation) : manner_(manner), operation_(operation) {}
 
   void tell(const std::string& failure) const {
-    if (report_ == Report::Printed) printErrorLine("CameraSerialSettings::" + (operation_ + (": " + failure)));
+    if (manner_ == Manner::Interface) printErrorLine("CameraSerialSettings::" + (operation_ + (": " + failure)));
   }
 
   ResponseStatuses statusOf(const ReplyBuffer& reply) const {
@@ -35,18 +35,19 @@ class FailureReport {
   }
 
  private:
-  Report report_;
+  Manner manner_;
   std::string operation_;
 };
 
 // A failed write is told while the port is still open, all other failures once it is closed.
-Reached read(const CorePort& core, const std::vector<uint8_t>& request, ReplyBuffer& reply,
+Reached read(const CorePort& core, const std::vector<uint8_t>& request, ReplyBuffer& reply, Manner manner,
              const FailureReport& failure) {
   SerialExchange exchange(core.device, core.port);
   if (!exchange.opened()) {
     exchange.abandon();
     return Reached::Nothing;
   }
+  if (manner == Manner::Checked) exchange.discardReceived();
   const bool written = exchange.write(request.data(), request.size());
   usleep(kAfterWrite_us);
   if (!written) {
@@ -59,8 +60,9 @@ Reached read(const CorePort& core, const std::vector<uint8_t>& request, ReplyBuf
 
 // A port that did not open shows as one that cannot be written to.
 Reached send(const CorePort& core, const uint8_t* frame, std::size_t size, std::optional<int> wait_us,
-             ReplyBuffer& reply) {
+             ReplyBuffer& reply, Manner manner) {
   SerialExchange exchange(core.device, core.port);
+  if (manner == Manner::Checked) exchange.discardReceived();
   if (!exchange.write(frame, size)) return Reached::Port;
   if (wait_us) usleep(static_cast<useconds_t>(std::max(*wait_us, 0)));
   return exchange.read(reply, kAnswerToRest_ms) ? Reached::Answer : Reached::Core;
@@ -75,9 +77,9 @@ ResponseStatuses statusAfter(Reached reached, const ReplyBuffer& reply, const Fa
 }  // namespace
 
 ResponseStatuses exchangeRead(const CorePort& core, const std::vector<uint8_t>& request, ReplyBuffer& reply,
-                              Report report) {
-  const FailureReport failure(report, "GetParameter");
-  switch (read(core, request, reply, failure)) {
+                              Manner manner) {
+  const FailureReport failure(manner, "GetParameter");
+  switch (read(core, request, reply, manner, failure)) {
     case Reached::Nothing:
       failure.tell("Error opening serial communication");
       return UNKNOWN_ERROR;
@@ -93,15 +95,15 @@ ResponseStatuses exchangeRead(const CorePort& core, const std::vector<uint8_t>& 
 }
 
 ResponseStatuses exchangeWrite(const CorePort& core, const std::vector<uint8_t>& request, ReplyBuffer& reply,
-                               Report report) {
-  const Reached reached = send(core, request.data(), request.size(), std::nullopt, reply);
-  return statusAfter(reached, reply, FailureReport(report, "SetParameter"));
+                               Manner manner) {
+  const Reached reached = send(core, request.data(), request.size(), std::nullopt, reply, manner);
+  return statusAfter(reached, reply, FailureReport(manner, "SetParameter"));
 }
 
 ResponseStatuses exchangeMessage(const CorePort& core, const uint8_t* frame, std::size_t size, int wait_us,
-                                 ReplyBuffer& reply, Report report) {
-  const Reached reached = send(core, frame, size, wait_us, reply);
-  return statusAfter(reached, reply, FailureReport(report, "sendMessage"));
+                                 ReplyBuffer& reply, Manner manner) {
+  const Reached reached = send(core, frame, size, wait_us, reply, manner);
+  return statusAfter(reached, reply, FailureReport(manner, "sendMessage"));
 }
 
 }  // namespace keocam

@@ -16,6 +16,12 @@ bool SerialExchange::write(const uint8_t* data, std::size_t size) {
   return port_.Write(data, static_cast<uint32_t>(size), written).IsOK();
 }
 
+void SerialExchange::discardReceived() {
+  // The line is silent when nobody asks the core anything, so that one reading empties it.
+  ReplyBuffer late;
+  if (ready() > 0) static_cast<void>(receive(late, 0));
+}
+
 uint32_t SerialExchange::ready() {
   uint32_t count = 0;
   return port_.GetRxBytesReady(count).IsOK() ? count : 0;

@@ -28,6 +28,9 @@ class SerialExchange {
   /// False if the device did not take the bytes.
   bool write(const uint8_t* data, std::size_t size);
 
+  /// Throws away what has come, such as an answer that was late.
+  void discardReceived();
+
   /// How many bytes have come; 0 as well if the device does not say.
   uint32_t ready();
 

@@ -141,10 +141,13 @@ TEST(PacedCoreFaults, LateAnswer_IsNotTakenForThatToAWrite) {
   options.pacing = true;
   e2e::CoreCamera camera(options);
   CameraSerialSettings& core = camera.core();
-  camera.simulatedCore().setFault(Fault::LateAnswer, 300, 1);
-  EXPECT_EQ(readSetting(core, settings::contrast).status, UNKNOWN_ERROR);
-  std::this_thread::sleep_for(std::chrono::milliseconds(400));
-  EXPECT_NE(writeSetting(core, settings::ddeGain, static_cast<unsigned short>(256)), CAM_OK) << "the core refuses it";
+  for (const keocam::Setting<unsigned short>* const asked : {&settings::contrast, &settings::ddeGain}) {
+    camera.simulatedCore().setFault(Fault::LateAnswer, 300, 1);
+    EXPECT_EQ(readSetting(core, *asked).status, UNKNOWN_ERROR);
+    std::this_thread::sleep_for(std::chrono::milliseconds(400));
+    EXPECT_EQ(writeSetting(core, settings::ddeGain, static_cast<unsigned short>(256)), CAM_RANGE_ERROR)
+        << "the core refuses it, after " << asked->name;
+  }
 }
 
 }  // namespace
