@@ -64,10 +64,10 @@ VerbWords verbWordsIn(const Words& arguments) {
 
 std::string complaintAbout(const VerbWords& words, const Words& names) {
   if (!words.any) return {};
-  if (const std::string complaint = unknown("", words.first, names); !complaint.empty()) return complaint;
+  if (std::string complaint = unknown("", words.first, names); !complaint.empty()) return complaint;
   if (!words.has_member) return {};
   const VerbGroup& group = *groupNamed(words.group);
-  const std::string complaint = unknown(words.group + ' ', words.member, group.members());
+  std::string complaint = unknown(words.group + ' ', words.member, group.members());
   if (complaint.empty() || words.adjacent) return complaint;
   // The word may have been meant as the value of the option before it.
   return std::string("Options stand behind the verb, as in \"") + group.example + "\"; " + inQuotes(words.member) +

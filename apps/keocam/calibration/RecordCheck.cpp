@@ -15,15 +15,15 @@ constexpr std::size_t kPoints = 600;
 constexpr std::size_t k1500Points = 300;
 
 struct KeyRow {
-  CalibrationKey key;
   int first_grammar;
+  CalibrationKey key;
   bool optional;
 };
 
 constexpr KeyRow kRows[] = {
-    {CalibrationKey::Date, 1, false},    {CalibrationKey::Lens, 1, false},    {CalibrationKey::Data, 1, false},
-    {CalibrationKey::Data1500, 3, true}, {CalibrationKey::SffcLow, 2, false}, {CalibrationKey::SffcHigh, 2, false},
-    {CalibrationKey::Sffc1500, 3, true},
+    {1, CalibrationKey::Date, false},    {1, CalibrationKey::Lens, false},    {1, CalibrationKey::Data, false},
+    {3, CalibrationKey::Data1500, true}, {2, CalibrationKey::SffcLow, false}, {2, CalibrationKey::SffcHigh, false},
+    {3, CalibrationKey::Sffc1500, true},
 };
 
 struct FixedText {

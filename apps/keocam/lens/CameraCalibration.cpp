@@ -16,12 +16,14 @@ namespace {
 
 }  // namespace
 
+void requireFolder(const std::string& folder) {
+  if (!folder.empty()) return;
+  throw CommandFailure(ExitStatus::Usage,
+                       "Lenses stand in the camera's calibration: name the folder of calibrations with "
+                       "--calibrations, or in the variable KEOCAM_DATA_DIR.");
+}
+
 CameraCalibration calibrationOf(const std::string& serial_number, const std::string& folder) {
-  if (folder.empty()) {
-    throw CommandFailure(ExitStatus::Usage,
-                         "Lenses stand in the camera's calibration: name the folder of calibrations with "
-                         "--calibrations, or in the variable KEOCAM_DATA_DIR.");
-  }
   CameraCalibration calibration;
   calibration.text_path = folder + '/' + serial_number + "/calibration.txt";
   calibration.entry = CalibrationSource(folder).lookUp(serial_number);

@@ -15,7 +15,10 @@ struct CameraCalibration {
   std::vector<LensSummary> lenses;
 };
 
-/// Throws CommandFailure: Usage without a folder; Failure where it has no usable entry for the camera, with the reason
+/// Throws CommandFailure (Usage) without a folder: to be asked before anything that takes time.
+void requireFolder(const std::string& folder);
+
+/// Throws CommandFailure: Failure where it has no usable entry for the camera, with the reason
 /// on standard error, or where the entry's text cannot be read to its end.
 CameraCalibration calibrationOf(const std::string& serial_number, const std::string& folder);
 

@@ -44,6 +44,7 @@ HeldTable tableIn(CoreSession& session, uint8_t slot) {
 }  // namespace
 
 ExitStatus runLensCurrent(const LensCurrentOptions& options, const Console& console, DataOutput& output) {
+  requireFolder(options.calibrations);
   CoreSession session(options.serial_number, console);
   const CameraCalibration calibration = calibrationOf(session.camera().serial_number, options.calibrations);
   session.connect();

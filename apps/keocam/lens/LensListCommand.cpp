@@ -17,6 +17,7 @@ std::string onlyCamera() {
 }  // namespace
 
 ExitStatus runLensList(const LensListOptions& options, const Console& console, DataOutput& output) {
+  requireFolder(options.calibrations);
   const std::string serial_number = options.serial_number ? *options.serial_number : onlyCamera();
   const CameraCalibration calibration = calibrationOf(serial_number, options.calibrations);
   console.detail("Calibration version " + printable(calibration.entry.version) + ".");

@@ -17,7 +17,7 @@ std::string lowerCase(std::string text) {
 
 // A slip of the pen, or a part of the name.
 std::string near(const std::string& name, const std::vector<std::string>& names) {
-  const std::string slip = didYouMean(name, names);
+  std::string slip = didYouMean(name, names);
   if (!slip.empty() || name.size() < 2) return slip;
   const auto holds = [part = lowerCase(name)](const std::string& whole) {
     return lowerCase(whole).find(part) != std::string::npos;

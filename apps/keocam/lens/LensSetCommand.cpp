@@ -62,6 +62,7 @@ CommandFailure failureOf(CoreSession& session, const std::string& text) {
 }  // namespace
 
 ExitStatus runLensSet(const LensSetOptions& options, const Console& console) {
+  requireFolder(options.calibrations);
   CoreSession session(options.serial_number, console);
   const CameraCalibration calibration = calibrationOf(session.camera().serial_number, options.calibrations);
   const LensSummary& lens = calibration.lenses[lensNamed(options.name, calibration.lenses)];

@@ -8,6 +8,8 @@
 namespace keocam::cli {
 namespace {
 
+constexpr std::size_t kFloat = 8;  // its digits
+
 using Findings = std::vector<CalibrationFinding>;
 
 Findings check(const std::string& text, const std::string& version = "03") {
@@ -75,12 +77,12 @@ TEST(CalibrationCheck, ShortPoints_AreCounted) {
   SampleRecord record;
   record.data = "Data:" + samplePoints(598);
   const std::size_t begin = record.text().find("Data:") + 5;
-  expectOne(check(record.text()), Severity::Wrong, begin + 598 * 8, "598 of 600 points (4784 of 4800 digits)");
+  expectOne(check(record.text()), Severity::Wrong, begin + 4784, "598 of 600 points (4784 of 4800 digits)");
   SampleRecord with_1500 = sampleWith1500();
   with_1500.data_1500.pop_back();
   expectOne(check(with_1500.text()), Severity::Wrong, with_1500.text().find("Data1500:") + 9 + 2399,
             "299 of 300 points (2399 of 2400 digits)");
-  expectOne(check(samplePoints(599), "00"), Severity::Wrong, 599 * 8, "599 of 600 points");
+  expectOne(check(samplePoints(599), "00"), Severity::Wrong, 599 * kFloat, "599 of 600 points");
 }
 
 TEST(CalibrationCheck, CharactersThatAreNoDigits_AreCountedFromTheFirst) {
@@ -102,7 +104,7 @@ TEST(CalibrationCheck, OddDigits_AreWrong) {
 
 TEST(CalibrationCheck, TableBeyondItsPlace_IsWrongAndEndsReading) {
   SampleRecord record;
-  record.low = "SffcLowRange:" + sampleTable(640 * 512 * 4 + 1, '1') + ")";
+  record.low = "SffcLowRange:" + sampleTable(1310721, '1') + ")";
   const Findings findings = check(record.text());
   expectAmong(findings, Severity::Wrong, "1310721 bytes; at most 1310720 fit");
   expectAmong(findings, Severity::Wrong, "Reading ends after 0 lenses");
@@ -110,7 +112,7 @@ TEST(CalibrationCheck, TableBeyondItsPlace_IsWrongAndEndsReading) {
 
 TEST(CalibrationCheck, TablesOfDifferentSizes_AreTold) {
   SampleRecord record = sampleWith1500();
-  record.middle = "SffcHighRange:" + sampleTable(336 * 256 * 4, '2') + ")";
+  record.middle = "SffcHighRange:" + sampleTable(344064, '2') + ")";
   const std::size_t low = record.text().find("SffcLowRange:") + 13;
   expectOne(check(record.text()), Severity::Wrong, low, "81920 bytes, but \"SffcHighRange:\" 344064");
   SampleRecord high = sampleWith1500();
@@ -153,16 +155,16 @@ TEST(CalibrationCheck, PointsUpTo1500WithoutTheirTable_AreWrong) {
 
 TEST(CalibrationCheck, InfiniteAndNotANumber_AreCountedFromTheFirst) {
   SampleRecord record;
-  record.data.replace(5 + 8 * 7, 8, "0000807f");    // infinite
-  record.data.replace(5 + 8 * 599, 8, "0000c07f");  // not a number
-  expectOne(check(record.text()), Severity::Wrong, record.text().find("Data:") + 5 + 8 * 7,
+  record.data.replace(5 + kFloat * 7, 8, "0000807f");    // infinite
+  record.data.replace(5 + kFloat * 599, 8, "0000c07f");  // not a number
+  expectOne(check(record.text()), Severity::Wrong, record.text().find("Data:") + 5 + kFloat * 7,
             "2 points that are infinite or no number; the first is point 8");
 }
 
 TEST(CalibrationCheck, SlopeThatDividesByZero_IsWrongWithItsRow) {
   SampleRecord record;
-  const std::size_t row = 5 + 8 * 5 * 61;  // one degree, middle range
-  record.data.replace(row, 8, record.data.substr(row + 8 * 3, 8));
+  const std::size_t row = 5 + kFloat * 5 * 61;  // one degree, middle range
+  record.data.replace(row, 8, record.data.substr(row + kFloat * 3, 8));
   expectOne(check(record.text()), Severity::Wrong, record.text().find("Data:") + row,
             "slopes of 1 rows divide by zero, because their first and fourth point are equal; the first is that of 1 "
             "degrees in the middle range");
@@ -171,7 +173,7 @@ TEST(CalibrationCheck, SlopeThatDividesByZero_IsWrongWithItsRow) {
 
 TEST(CalibrationCheck, FourthPointZero_IsDoubtful) {
   SampleRecord record;
-  record.data.replace(5 + 8 * 3, 8, "00000000");
+  record.data.replace(5 + kFloat * 3, 8, "00000000");
   expectOne(check(record.text()), Severity::Doubtful, record.text().find("Data:") + 5 + 24, "no slopes are computed");
 }
 

@@ -19,7 +19,7 @@ LensSummary lens(const std::string& name, bool with_1500 = false) {
   summary.name = name;
   summary.date = "2026-03-02";
   summary.has_1500_range = with_1500;
-  summary.low.size_bytes = 640 * 512 * 4;
+  summary.low.size_bytes = 1310720;
   return summary;
 }
 

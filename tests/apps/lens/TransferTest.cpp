@@ -1,6 +1,7 @@
 // Progress of a change of lenses: figures, bar, lines, and how often they are shown.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <sstream>
 
 #include "apps/keocam/lens/TransferReporter.h"
