@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <map>
+#include <stdexcept>
 
 #include "apps/keocam/calibration/PointCheck.h"
 #include "apps/keocam/calibration/RecordCheck.h"
@@ -106,17 +107,25 @@ void checkRecords(const CalibrationToCheck& calibration, int grammar, Calibratio
   findings.setSubject("");
 }
 
+std::string reasonOf(const std::exception_ptr& failure) {
+  try {
+    std::rethrow_exception(failure);
+  } catch (const std::invalid_argument&) {
+    return "what must be a number is none";
+  } catch (const std::out_of_range&) {
+    return "a value lies beyond the end";
+  } catch (const std::length_error&) {
+    return "a table is larger than its place";
+  }
+}
+
 // Where the library's reader would stop: whatever the strict walk has made of the text.
 void checkReading(const CalibrationToCheck& calibration, int grammar, CalibrationFindings& findings) {
   const std::string serial = calibration.serial_number.value_or("KEOD0000");
   const CalibrationLayout layout = readCalibrationLayout(calibration.text, grammar, serial, {});
   if (!layout.failure) return;
-  try {
-    std::rethrow_exception(layout.failure);
-  } catch (const std::exception& error) {
-    findings.wrong(std::nullopt, "Reading ends after " + std::to_string(layout.records.size()) +
-                                     " lenses: " + printable(error.what()));
-  }
+  findings.wrong(std::nullopt, "A reader gives up after " + std::to_string(layout.records.size()) +
+                                   " lenses: " + reasonOf(layout.failure) + ".");
 }
 
 }  // namespace

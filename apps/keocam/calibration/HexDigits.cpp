@@ -24,4 +24,9 @@ StrangeCharacters otherThanHexDigits(std::string_view text) {
   return strange;
 }
 
+std::string textOn(const StrangeCharacters& strange) {
+  if (strange.count == 1) return "has 1 character that is no hexadecimal digit";
+  return "has " + std::to_string(strange.count) + " characters that are no hexadecimal digits; this is the first";
+}
+
 }  // namespace keocam::cli

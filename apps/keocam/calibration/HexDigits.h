@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace keocam::cli {
@@ -13,5 +14,8 @@ struct StrangeCharacters {
 
 /// At memory speed.
 StrangeCharacters otherThanHexDigits(std::string_view text);
+
+/// "has 3 characters that are no hexadecimal digits; this is the first", for at least one.
+std::string textOn(const StrangeCharacters& strange);
 
 }  // namespace keocam::cli

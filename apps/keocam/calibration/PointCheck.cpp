@@ -31,8 +31,7 @@ std::vector<float> valuesOf(std::string_view digits) {
 void checkDigits(const PointText& points, std::string_view taken, CalibrationFindings& findings) {
   const StrangeCharacters strange = otherThanHexDigits(taken);
   if (strange.count == 0) return;
-  findings.wrong(points.offset + strange.first, "\"" + points.name + "\" has " + std::to_string(strange.count) +
-                                                    " characters that are no hexadecimal digits; this is the first.");
+  findings.wrong(points.offset + strange.first, "\"" + points.name + "\" " + textOn(strange) + ".");
 }
 
 void checkFinite(const PointText& points, const std::vector<float>& values, CalibrationFindings& findings) {

@@ -57,9 +57,7 @@ std::size_t checkTable(const KeyedValue& table, CalibrationFindings& findings) {
   }
   const StrangeCharacters strange = otherThanHexDigits(digits);
   if (strange.count > 0) {
-    findings.wrong(table.offset + strange.first, "The table " + quoted(table.key) + " has " +
-                                                     std::to_string(strange.count) +
-                                                     " characters that are no hexadecimal digits; this is the first.");
+    findings.wrong(table.offset + strange.first, "The table " + quoted(table.key) + ' ' + textOn(strange) + ".");
   }
   if (digits.size() % 2 != 0) {
     findings.wrong(table.offset + digits.size() - 1,

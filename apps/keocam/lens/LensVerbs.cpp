@@ -3,15 +3,15 @@
 namespace keocam::cli {
 namespace {
 
-constexpr Verb kLens{kLensVerb, "Show and change the lens that the core corrects",
-                     "keocam lens set 25mm --calibrations calibrations"};
+constexpr Verb kLens{kLensVerb, "The lens whose tables the core corrects with",
+                     "keocam lens set L25mm --calibrations calibrations"};
 
 constexpr Verb kList{"list", "The lenses of a camera's calibration",
                      "keocam lens list --camera KEOD2001 --calibrations calibrations"};
 constexpr Verb kCurrent{"current", "The lens whose tables the core holds",
                         "keocam lens current --calibrations calibrations"};
 constexpr Verb kSet{"set", "Write a lens' tables into the core; takes minutes",
-                    "keocam lens set 25mm --calibrations calibrations"};
+                    "keocam lens set L25mm --calibrations calibrations"};
 
 constexpr const char* kSetNotes =
     "Two tables are erased, written and read back, at the core's 57600 baud: for a\n"

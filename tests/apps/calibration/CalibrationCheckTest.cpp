@@ -70,7 +70,7 @@ TEST(CalibrationCheck, BbWithoutDigit_IsWrongAndEndsReading) {
   ASSERT_EQ(findings.size(), 2U);
   EXPECT_EQ(findings[0].offset, 3U);
   EXPECT_NE(findings[0].text.find("not followed by a digit"), std::string::npos);
-  EXPECT_NE(findings[1].text.find("Reading ends after 0 lenses"), std::string::npos) << findings[1].text;
+  EXPECT_NE(findings[1].text.find("A reader gives up after 0 lenses"), std::string::npos) << findings[1].text;
 }
 
 TEST(CalibrationCheck, ShortPoints_AreCounted) {
@@ -93,7 +93,8 @@ TEST(CalibrationCheck, CharactersThatAreNoDigits_AreCountedFromTheFirst) {
             "\"SffcLowRange:\" has 2 characters that are no hexadecimal digits");
   SampleRecord points;
   points.data[5 + 17] = 'z';
-  expectOne(check(points.text()), Severity::Wrong, points.text().find("Data:") + 5 + 17, "\"Data:\" has 1 characters");
+  expectOne(check(points.text()), Severity::Wrong, points.text().find("Data:") + 5 + 17,
+            "\"Data:\" has 1 character that is no hexadecimal digit.");
 }
 
 TEST(CalibrationCheck, OddDigits_AreWrong) {
@@ -107,7 +108,7 @@ TEST(CalibrationCheck, TableBeyondItsPlace_IsWrongAndEndsReading) {
   record.low = "SffcLowRange:" + sampleTable(1310721, '1') + ")";
   const Findings findings = check(record.text());
   expectAmong(findings, Severity::Wrong, "1310721 bytes; at most 1310720 fit");
-  expectAmong(findings, Severity::Wrong, "Reading ends after 0 lenses");
+  expectAmong(findings, Severity::Wrong, "A reader gives up after 0 lenses");
 }
 
 TEST(CalibrationCheck, TablesOfDifferentSizes_AreTold) {
@@ -236,7 +237,7 @@ TEST(CalibrationCheck, BadSerialNumber_IsWrongFromVersion3On) {
   for (const char* const serial : {"KEO", "KEOD", "KEODx"}) {
     const Findings findings = checkCalibration({text, "03", std::string(serial)}).all();
     expectAmong(findings, Severity::Wrong, "class letter and a number");
-    expectAmong(findings, Severity::Wrong, "Reading ends after 0 lenses");
+    expectAmong(findings, Severity::Wrong, "A reader gives up after 0 lenses");
     EXPECT_EQ(checkCalibration({text, "02", std::string(serial)}).all().size(), 0U);
   }
   expectOne(checkCalibration({text, "03", std::string("KEOX2001")}).all(), Severity::Doubtful, std::nullopt,
