@@ -41,7 +41,8 @@ class Scanner {
   /// Drops everything up to the value of a key; what follows, up to a closing parenthesis or the end.
   std::string_view cutToTable(Key key) {
     cutTo(key);
-    return rest().substr(0, rest().find(')'));
+    if (table_end_ == kUnknown || table_end_ < cut_) table_end_ = text_.find(')', cut_);
+    return text_.substr(cut_, table_end_ == std::string_view::npos ? table_end_ : table_end_ - cut_);
   }
 
  private:
@@ -76,6 +77,7 @@ class Scanner {
   std::string_view text_;
   std::size_t cut_ = 0;
   std::array<std::size_t, kKeyCount> next_;
+  std::size_t table_end_ = kUnknown;  // The next ")", likewise.
 };
 
 void checkFits(std::string_view table, const char* name) {

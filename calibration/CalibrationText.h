@@ -40,9 +40,10 @@ struct CalibrationLayout {
 /// 3 for all above, -1 for a number that means none.
 int calibrationGrammar(const std::string& version);
 
-/// Takes a text apart. Costs two passes over the text at most and no memory but the result. `speed` is what CamSpeed
-/// was before. The failures are std::invalid_argument (the BB digit, the serial number), std::out_of_range (a value
-/// beyond the end, a serial number of fewer than 4 characters) and std::length_error (a table larger than its place).
+/// Takes a text apart. Costs a pass over the text for each key at most, and no memory but the result. `speed` is what
+/// CamSpeed was before. The failures are std::invalid_argument (the BB digit, the serial number), std::out_of_range (a
+/// value beyond the end, a serial number of fewer than 4 characters) and std::length_error (a table larger than its
+/// place).
 CalibrationLayout readCalibrationLayout(std::string_view text, int grammar, const std::string& serial_number,
                                         CameraSpeed speed);
 

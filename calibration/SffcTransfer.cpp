@@ -113,8 +113,9 @@ bool SffcTransfer::writeFullPiece(SerialExchange& port, uint32_t offset) {
 bool SffcTransfer::writeLastPiece(SerialExchange& port, uint32_t offset, uint32_t size) {
   const std::vector<uint8_t> frame = pieceFrame(offset, size);
   const bool written = port.write(frame.data(), frame.size());
-  // The answer is awaited all the same.
   if (!written) fail("Error writing message to camera.", "The camera took no bytes for the core.");
+  // In the interface's manner the answer is awaited all the same.
+  if (!written && manner_ == TransferManner::Checked) return false;
   for (int polls = 0; port.ready() < kFrameOverhead_bytes && polls < kPolls; ++polls) usleep(kPoll_us);
   ReplyBuffer reply;
   if (!port.receive(reply, kAnswer_ms, replyRoom(0))) {

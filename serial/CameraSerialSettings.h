@@ -215,12 +215,15 @@ class CameraSerialSettings {
   unsigned short GetFWMajorVersion();
   unsigned short GetFWMinorVersion();
 
-  /// @name Calibration and lenses. These stand on the calibration in force, see calibration/Calibration.h.
+  // Calibration and lenses. These stand on the calibration in force, see calibration/Calibration.h.
+
   /// Replaces the calibration in force by that of a text: its lenses, and with version 3 and above the speed class of
-  /// the serial number; the first lens is selected, and nothing is sent. An empty text leaves no lenses. Throws
-  /// std::invalid_argument (version, a "BB:" without digit, serial number), std::out_of_range (a value beyond the
-  /// text's end, a serial number of fewer than 4 characters) and std::length_error (a table larger than its place);
-  /// lenses before the fault are then in force. Each lens takes 4 MB, none of them on the stack.
+  /// the serial number, with others none; the first lens is selected, and nothing is sent. An empty text, or a version
+  /// that is negative as a 32-bit number, leaves no lenses. Throws std::invalid_argument (version, a "BB:" without digit,
+  /// serial number), std::out_of_range (a version too large, a value beyond the text's end, a serial number of fewer
+  /// than 4 characters) and std::length_error (a table larger than its place); lenses before the fault are then in
+  /// force. Each lens takes 4 MB, none of them on the stack; without that memory it throws std::bad_alloc, and none is
+  /// in force.
   void setCalibrationData(std::string calibrationText, std::string calibrationVersion, std::string serialNumber);
   /// The lenses' names, in the order of the calibration.
   std::vector<std::string> GetAvailibleLenses();
@@ -231,14 +234,16 @@ class CameraSerialSettings {
   /// and waits another second. The lens is selected whether that succeeds or not: keocam::changeLens tells, reports
   /// progress and can be cancelled.
   int SetLens(std::string name);
-  /// False while SetLens writes tables; meant for another thread to poll.
+  /// False while SetLens or keocam::changeLens changes tables; meant for another thread to poll.
   bool isSetLensReady();
-  /// The selected lens measures in HighRange. Throws std::out_of_range if there are lenses but not that one.
+  /// The selected lens measures in HighRange; false without lenses. Throws std::out_of_range if there are lenses but
+  /// not that one.
   bool GetHighRangeLensAvailable();
   /// Makes the core use the table of the present range. 0, or -1 if the core does not answer.
   int changeSFFCLens();
-  /// Writes the selected lens' table for LowRange into the core. 0, or -1 on failure, which leaves the core's table
-  /// partly erased or written. Throws std::out_of_range if there is no such lens.
+  /// Writes the selected lens' table for LowRange into the core. 0, or -1 on failure: nothing is touched if the core
+  /// does not say where its table is or has one of another size; later failures leave it partly erased or written.
+  /// Throws std::out_of_range if there is no such lens.
   int switchSFFC1();
   /// The same for the table of MiddleRange and HighRange.
   int switchSFFC2();

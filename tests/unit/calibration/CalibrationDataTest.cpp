@@ -426,12 +426,9 @@ TEST_F(CalibrationDataTest, Records_AreHeldOnce) {
 TEST_F(CalibrationDataTest, NothingButMissingKeys_TakesNoLongerThanItsLength) {
   // Each "BB:" would search the rest of the text for keys that are not there: 10^11 steps and more if it did.
   std::string text;
-  for (int i = 0; i < 400'000; ++i) text += "BB:1)";
-  text += "BB:x";
-  // The faulty digit ends it before any lens is made... but only after all of them have been read.
+  for (int i = 0; i < 400'000; ++i) text += "BB:1";
   const auto layout = keocam::readCalibrationLayout(text, 2, "KEOD2001", {});
-  EXPECT_GT(layout.records.size(), 1000u);
-  EXPECT_NE(layout.failure, nullptr);
+  EXPECT_GT(layout.records.size(), 50'000u);
 }
 
 }  // namespace

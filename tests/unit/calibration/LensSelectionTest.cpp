@@ -94,11 +94,15 @@ TEST_F(LensSelectionTest, SetLens_CoreSilent_LensCountsAsSelected) {
 }
 
 TEST_F(LensSelectionTest, SetLens_IsNotReadyWhileItTransfers) {
-  bool ready = true;
-  scripted::network().serial.on_write = [&] { ready = ready && core_.isSetLensReady(); };
+  bool ever_ready = false;
+  scripted::network().serial.on_write = [&] { ever_ready = ever_ready || core_.isSetLensReady(); };
   replyToTransfer(0x1000, 300, 512, 1);
+  replyToTransfer(0x2000, 300, 512, 1);
+  replyTo(30, {});
+  replyTo(12, {});
   core_.SetLens("L50mm");
-  EXPECT_FALSE(ready);
+  EXPECT_TRUE(scripted::network().serial.replies.empty());
+  EXPECT_FALSE(ever_ready);
   EXPECT_TRUE(core_.isSetLensReady());
 }
 
@@ -221,6 +225,7 @@ TEST_F(LensSelectionTest, Check_SamplesRefused_MatchNoLens) {
 }
 
 TEST_F(LensSelectionTest, Check_TableLargerThanAnyRecord_MatchesNoLens) {
+  useLenses({tables("plain", 0)});  // the first sample matches, the others lie beyond
   replyTo(214, longs(0, 0xFFFFFFFF));
   for (int i = 0; i < 4; ++i) replyTo(210, Bytes(128));
   EXPECT_EQ(core_.CheckCameraSffc(), -1);
