@@ -1,7 +1,7 @@
 # Debian packages that the scripts need, and their installation. Read by the other scripts.
 
 # To build everything.
-build_packages="g++ cmake ninja-build pkg-config libaravis-dev libusb-1.0-0-dev libcli11-dev nlohmann-json3-dev libpng-dev"
+build_packages="g++ cmake ninja-build pkg-config libaravis-dev libusb-1.0-0-dev libcli11-dev nlohmann-json3-dev libpng-dev zlib1g-dev"
 # To test: also peers that others wrote, and the tools that make a network namespace.
 test_packages="libgtest-dev libgmock-dev aravis-tools aravis-tools-cli iproute2 util-linux"
 demo_packages="iproute2 util-linux"

@@ -219,11 +219,11 @@ class CameraSerialSettings {
 
   /// Replaces the calibration in force by that of a text: its lenses, and with version 3 and above the speed class of
   /// the serial number, with others none; the first lens is selected, and nothing is sent. An empty text, or a version
-  /// that is negative as a 32-bit number, leaves no lenses. Throws std::invalid_argument (version, a "BB:" without digit,
-  /// serial number), std::out_of_range (a version too large, a value beyond the text's end, a serial number of fewer
-  /// than 4 characters) and std::length_error (a table larger than its place); lenses before the fault are then in
-  /// force. Each lens takes 4 MB, none of them on the stack; without that memory it throws std::bad_alloc, and none is
-  /// in force.
+  /// that is negative as a 32-bit number, leaves no lenses. Throws std::invalid_argument (version, a "BB:" without
+  /// digit, serial number), std::out_of_range (a version too large, a value beyond the text's end, a serial number of
+  /// fewer than 4 characters) and std::length_error (a table larger than its place); lenses before the fault are then
+  /// in force. Each lens takes 4 MB, none of them on the stack; without that memory it throws std::bad_alloc, and none
+  /// is in force.
   void setCalibrationData(std::string calibrationText, std::string calibrationVersion, std::string serialNumber);
   /// The lenses' names, in the order of the calibration.
   std::vector<std::string> GetAvailibleLenses();
