@@ -76,6 +76,11 @@ class Camera {
   /// Gives the frame retrieved last back. Harmless if there is none.
   void ReleaseBuffer();
 
+  /// Degrees Celsius of a pixel's raw value, as CameraSerialSettings::RawToTemp of `serialSettings`, which must exist.
+  double CalculateTemperatureC(unsigned short raw);
+  /// The same in kelvin.
+  double CalculateTemperatureK(unsigned short raw);
+
   PvStream* stream = nullptr;                       ///< the open video stream; null when not connected
   PvPipeline* pipeline = nullptr;                   ///< buffers on `stream`; not reset by Disconnect()
   PvDevice* device = nullptr;                       ///< the connected device; null when not connected

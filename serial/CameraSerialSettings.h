@@ -182,9 +182,78 @@ class CameraSerialSettings {
   short GetIsothermThresholdUpper();
   ResponseStatuses SetIsothermThresholdUpper(short threshold);
 
-  /// @name Radiometry
+  // Radiometry. These stand on the model in force, see radiometry/RadiometricModel.h.
+
+  /// @name Object parameters
+  /// Those of the process, which all cameras share. Getters do not ask the core. Setters do nothing if the value is
+  /// the present one; else they store it, and RecalculateConstants follows. Only emissivity is limited.
+  double GetEmissivity();
+  /// 0.5 to 1, which others are brought to. A radiometric core is told, in any mode.
+  void SetEmissivity(double emissivityValue);
+  double GetReflectedTemperatureK();
+  double GetReflectedTemperatureC();
+  /// The core is told while it is in radiometry mode, in whole degrees Celsius; 0 for those below.
+  void SetReflectedTemperatureK(double kelvin);
+  void SetReflectedTemperatureC(double celsius);
+  double GetAtmosphericTemperatureK();
+  double GetAtmospericTemperatureC();
+  /// The core is told while it is in radiometry mode, in hundredths of a degree Celsius; 0 for those below 0.
+  void SetAtmosphericTemperatureK(double kelvin);
+  void SetAtmospericTemperatureC(double celsius);
+  double GetDistance();  ///< metres
+  void SetDistance(double metres);
+  double GetHumidity();  ///< relative, 0.5 for 50 %
+  void SetHumidity(double fraction);
+
+  /// @name Object parameters in the core, which uses them in radiometry mode. The process' own stay as they are.
+  /// keocam::readCoreObjectParameter and its like in radiometry/CoreObjectParameters.h tell the status too.
+  void SetRadEmissivityTemp(double emissivityValue);  ///< 0.5 to 1, which others are brought to
+  void SetRadReflectedTemp(double kelvin);            ///< as SetReflectedTemperatureK tells it
+  void SetRadAtmosphericTemp(double kelvin);          ///< as SetAtmosphericTemperatureK tells it
+  double GetRadEmissivityTemp();
+  double GetRadReflectedTemp();  ///< kelvin; 273.15 if the exchange failed
+  /// Kelvin; 273.15 if the exchange failed. Prints two lines on standard output, "0" and the result, as it always has.
+  double GetRadAtmosphericTemp();
+  /// Tells the core the process' three.
+  void SetRadiometricParameters();
+
+  /// @name Radiometry mode, in which the core sends temperatures instead of raw counts
+  bool GetIsRadiometric();   ///< `isRadiometric`; does not ask the core
+  bool GetRadiometryMode();  ///< `radiometryMode`; does not ask the core
+  /// Switching on tells the core the process' object parameters, and chooses the high resolution in LowRange, the low
+  /// one in the other two ranges. A core that is not radiometric is not asked, and the mode is then off.
+  void SetRadiometryMode(bool on);
+  /// 0.04 K per count if high, else 0.4 K.
+  void SetRadiometryHighResolutionMode(bool high);
   /// Asks the core; sets `radiometrySelector` to 0.
   bool GetRadiometryHighResolutionMode();
+
+  /// @name Ranges
+  RangeModes GetRangeMode();  ///< the range last accepted
+  /// Sets the core's gain, the model's constants and the resolution of radiometry mode, has the core use the lens'
+  /// table of that range, and corrects the flat field. Takes 2 to 4 seconds. HighRange needs a lens that has it, see
+  /// GetHighRangeLensAvailable; else a line on standard error says so, and nothing changes. Without a calibration the
+  /// range in force is applied once more, whichever was asked for. Throws std::out_of_range if there are lenses but not
+  /// the selected one. keocam::changeRange in radiometry/RangeChange.h tells what came of it.
+  void SetRangeMode(RangeModes mode);
+  /// The gain, the constants and the correction of a range, for SetRangeMode; the range in force stays.
+  void SetGainMode(RangeModes mode);
+
+  /// @name Temperatures of pixels. keocam::TemperatureConverter converts whole frames, with the same results.
+  /// Degrees Celsius of a pixel's raw value: by the model, from LowerCameraLimit to UpperCameraLimit, or as the core
+  /// sends it in radiometry mode; then calibrateTemperatureC. NaN where the model has no temperature for it.
+  double RawToTemp(unsigned short raw);
+  /// A raw value for a temperature in kelvin by the constants `R`, `K1` and `K2`, of which the library leaves the last
+  /// two 0: it is of use once they are set. No atmosphere, emissivity or correction. 0 for negative values and NaN, at
+  /// most 4294967295. keocam::TemperatureModel::raw is the inverse of RawToTemp.
+  unsigned int TempToRaw(double kelvin);
+  /// Brings TauAtm, Matm and Mbgr up to date after the object parameters or constants were assigned directly.
+  void RecalculateConstants();
+  /// The selected lens' correction of a temperature in degrees Celsius, in the present range, at the core's temperature
+  /// to the nearest degree. More than 60 seconds after that was last read it is read first. Without a calibration,
+  /// nothing is read and the temperature is returned as it is. Throws std::out_of_range if there are lenses but not the
+  /// selected one.
+  double calibrateTemperatureC(double celsius);
 
   /// @name Commands
   /// 0 if the core answers, else -1.
