@@ -30,7 +30,7 @@ struct CalibrationRecordText {
 
 /// What a text says, in order, and why reading it ended.
 struct CalibrationLayout {
-  int version = 0;  ///< 0 to 3; 3 stands for all above
+  int version = 0;  ///< the grammar as it was given: 0 to 3, 3 for all above, or a negative one, which has no records
   std::vector<CalibrationRecordText> records;
   CameraSpeed speed;           ///< as the last record leaves it
   std::exception_ptr failure;  ///< what the reader threw after these records, or null

@@ -4,14 +4,12 @@
 
 #include "calibration/Calibration.h"
 #include "calibration/LensLookup.h"
-#include "calibration/SffcProtocol.h"
+#include "calibration/SffcExchange.h"
 #include "calibration/SffcTransfer.h"
 #include "serial/CheckedExchange.h"
 
 namespace keocam {
 namespace {
-
-constexpr int kUseSlotWait_us = 50'000;
 
 // False ends the change.
 bool changeTable(CameraSerialSettings& core, const SffcSlot& slot, const CalibrationStruct& lens,
@@ -21,8 +19,9 @@ bool changeTable(CameraSerialSettings& core, const SffcSlot& slot, const Calibra
   if (state == TableState::Written && verification == Verification::ReadBack && !transfer.cancelled()) {
     state = transfer.verify();
   }
-  const bool done = state == TableState::Written || state == TableState::Verified;
-  if (done && !transfer.cancelled()) return true;
+  const bool whole = state == (verification == Verification::ReadBack ? TableState::Verified : TableState::Written);
+  // Behind the second table nothing is left that is worth stopping.
+  if (whole && (slot.table == SffcTable::High || !transfer.cancelled())) return true;
   change.end = transfer.cancelled() ? LensChangeEnd::Cancelled : LensChangeEnd::Failed;
   change.failure = transfer.failure();
   return false;
@@ -49,7 +48,7 @@ LensChange changeLens(CameraSerialSettings& core, const std::string& name, const
   if (lens.sffcTableSize < 1) return change;
   if (!changeTable(core, kLowSlot, lens, observer, verification, change.low, change)) return change;
   if (!changeTable(core, kHighSlot, lens, observer, verification, change.high, change)) return change;
-  if (!checkedMessage(core, kUseSlot, useSlotPayload(core.rangeMode), kUseSlotWait_us, 0).ok()) {
+  if (!askChecked(core, kUseSlot, useSlotPayload(core.rangeMode))) {
     fail(change, "The core holds the lens' tables, but did not confirm that it uses them.");
   } else if (checkedWrite(core, DO_FFC, nullptr, {}) != CAM_OK) {
     fail(change, "The core uses the lens' tables, but did not confirm the flat-field correction that is due.");

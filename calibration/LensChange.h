@@ -23,7 +23,9 @@ struct TransferProgress {
 };
 
 /// Called on the caller's thread before each block and piece and once at the end of each phase. False cancels: nothing
-/// more is sent, and the call that transfers returns. It must not use the camera.
+/// more is sent for the tables, and the call that transfers returns. So at the end of a phase it leaves that table as
+/// the phase did: whole, if it was the last one of the table. At the end of the second table's last phase it comes too
+/// late, and the change is completed. It must neither use the camera nor replace the calibration in force.
 using TransferObserver = std::function<bool(const TransferProgress&)>;
 
 enum class TableState : uint8_t {
@@ -38,7 +40,7 @@ enum class TableState : uint8_t {
 enum class LensChangeEnd : uint8_t {
   Complete,
   UnknownLens,  ///< nothing was changed
-  Cancelled,    ///< by the observer
+  Cancelled,    ///< by the observer; the core has not been told to use the tables
   Failed,       ///< the core did not do as told; `failure` says what
 };
 
@@ -52,9 +54,10 @@ struct LensChange {
 enum class Verification : uint8_t { ReadBack, None };
 
 /// Selects a lens as CameraSerialSettings::SetLens does, and tells how that went. It checks every answer of the core
-/// whole, prints nothing, and ends at the first failure. The lens is selected once it is found; a lens without tables
-/// is Complete with both of them Untouched. Call it again after a failure or a cancellation: a table partly written is
-/// erased and written anew. Throws what `observer` throws.
+/// whole, prints nothing, and ends at the first failure; but a piece of a table whose answer does not come, or comes
+/// damaged, is sent again, twice at most. The lens is selected once it is found; a lens without tables is Complete with
+/// both of them Untouched. Call it again after a failure or a cancellation: both tables are erased and written anew.
+/// Throws what `observer` throws.
 LensChange changeLens(CameraSerialSettings& core, const std::string& lens, const TransferObserver& observer,
                       Verification verification);
 

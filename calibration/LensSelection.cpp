@@ -6,14 +6,7 @@
 #include "base/Log.h"
 #include "calibration/Calibration.h"
 #include "calibration/LensLookup.h"
-#include "calibration/SffcProtocol.h"
-#include "serial/ParameterAccess.h"
-
-namespace {
-
-constexpr int kUseSlotWait_us = 50'000;
-
-}  // namespace
+#include "calibration/SffcExchange.h"
 
 std::vector<std::string> CameraSerialSettings::GetAvailibleLenses() {
   std::vector<std::string> names(calibrationVect.size());
@@ -54,11 +47,5 @@ bool CameraSerialSettings::GetHighRangeLensAvailable() {
 }
 
 int CameraSerialSettings::changeSFFCLens() {
-  const std::vector<uint8_t> payload = keocam::useSlotPayload(rangeMode);
-  const std::vector<uint8_t> frame =
-      keocam::makeRequest(keocam::kUseSlot, payload.data(), static_cast<uint16_t>(payload.size()));
-  keocam::ReplyBuffer reply;
-  const ResponseStatuses status = keocam::exchangeMessage({device, serialPort}, frame.data(), frame.size(),
-                                                          kUseSlotWait_us, reply, keocam::Manner::Interface);
-  return status == CAM_OK ? 0 : -1;
+  return keocam::askAsMembersDo(*this, keocam::kUseSlot, keocam::useSlotPayload(rangeMode)) ? 0 : -1;
 }

@@ -4,13 +4,11 @@
 
 #include "base/Log.h"
 #include "calibration/Calibration.h"
+#include "calibration/SffcExchange.h"
 #include "calibration/SffcTransfer.h"
-#include "serial/ParameterAccess.h"
 
 namespace {
 
-constexpr int kQueryWait_us = 10'000;
-constexpr uint32_t kAnswer_ms = 500;
 constexpr uint32_t kSamples = 4;
 
 int writeSlot(CameraSerialSettings& core, const keocam::SffcSlot& slot) {
@@ -29,12 +27,11 @@ struct Sample {
 void tell(const std::string& failure) { keocam::printErrorLine("CameraSerialSettings::CheckCameraSffc: " + failure); }
 
 void readSample(keocam::SerialExchange& port, uint32_t address, Sample& sample) {
-  const std::vector<uint8_t> payload = keocam::readPayload(address, keocam::kPiece_bytes);
   const std::vector<uint8_t> frame =
-      keocam::makeRequest(keocam::kReadMemory, payload.data(), static_cast<uint16_t>(payload.size()));
+      keocam::frameOf(keocam::kReadMemory, keocam::readPayload(address, keocam::kPiece_bytes));
   if (!port.write(frame.data(), frame.size())) return tell("Error writing message to camera.");
   keocam::ReplyBuffer reply;
-  if (!port.read(reply, kAnswer_ms)) {
+  if (!port.read(reply, keocam::kPieceAnswer_ms)) {
     return tell("Error reading message from camera. " + std::to_string(reply.size));
   }
   sample.read = reply.size >= keocam::kPayloadOffset + sample.bytes.size();
@@ -56,16 +53,12 @@ int CameraSerialSettings::switchSFFC2() { return writeSlot(*this, keocam::kHighS
 
 int CameraSerialSettings::CheckCameraSffc() {
   if (calibrationVect.empty()) return -1;
-  keocam::ReplyBuffer reply;
-  const std::vector<uint8_t> payload = keocam::slotPayload(keocam::kHighSlot.number);
-  const std::vector<uint8_t> query =
-      keocam::makeRequest(keocam::kSlotRegion, payload.data(), static_cast<uint16_t>(payload.size()));
-  if (keocam::exchangeMessage({device, serialPort}, query.data(), query.size(), kQueryWait_us, reply,
-                              keocam::Manner::Interface) != CAM_OK) {
+  const auto reply = keocam::askAsMembersDo(*this, keocam::kSlotRegion, keocam::slotPayload(keocam::kHighSlot.number));
+  if (!reply) {
     tell("Error in communication with camera. Camera is not responding to message.");
     return -1;
   }
-  const keocam::SffcRegion region = keocam::regionOf(reply.payload());
+  const keocam::SffcRegion region = keocam::regionOf(reply->payload());
   std::array<Sample, kSamples> samples;
   {
     keocam::SerialExchange port(device, serialPort);

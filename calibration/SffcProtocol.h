@@ -2,6 +2,7 @@
 // port.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -9,12 +10,22 @@
 
 namespace keocam {
 
-constexpr uint8_t kReadMemory = 210;
-constexpr uint8_t kWriteMemory = 211;
-constexpr uint8_t kEraseBlock = 212;
-constexpr uint8_t kFlashGeometry = 213;
-constexpr uint8_t kSlotRegion = 214;
-constexpr uint8_t kUseSlot = 30;
+/// One of the core's commands.
+struct SffcCommand {
+  uint8_t code;
+  int wait_us;               ///< from the request to looking for its answer
+  std::size_t answer_bytes;  ///< payload of the answer; of kReadMemory the most
+};
+
+inline constexpr SffcCommand kUseSlot{30, 50'000, 0};
+inline constexpr SffcCommand kReadMemory{210, 0, 128};
+inline constexpr SffcCommand kWriteMemory{211, 0, 0};
+inline constexpr SffcCommand kEraseBlock{212, 1'000'000, 0};
+inline constexpr SffcCommand kFlashGeometry{213, 10'000, 8};
+inline constexpr SffcCommand kSlotRegion{214, 10'000, 8};
+
+/// How long the answer to a piece may take.
+constexpr uint32_t kPieceAnswer_ms = 500;
 
 /// Bytes of a table that one message carries.
 constexpr uint32_t kPiece_bytes = 128;
@@ -36,7 +47,8 @@ struct EraseRange {
   uint16_t first;
   uint32_t count;
 };
-/// A block size of 0 gives one block, number 0, unless the region is empty.
+/// All in 32 bits without sign: an address below the base is one far above it, and a block size whose top bit is set is
+/// larger than any region. A block size of 0 gives one block, number 0, unless the region is empty.
 EraseRange eraseRange(const SffcRegion& region, const FlashGeometry& geometry);
 
 std::vector<uint8_t> slotPayload(uint8_t slot);

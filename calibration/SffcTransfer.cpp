@@ -5,24 +5,20 @@
 #include <algorithm>
 
 #include "base/Log.h"
-#include "serial/CheckedExchange.h"
-#include "serial/ParameterAccess.h"
+#include "calibration/SffcExchange.h"
 
 namespace keocam {
 namespace {
 
-constexpr int kQueryWait_us = 10'000;
-constexpr int kEraseWait_us = 1'000'000;
-constexpr uint32_t kAnswer_ms = 500;
 constexpr useconds_t kPoll_us = 1'000;
 constexpr int kPolls = 1'000;
 
 // The line that names the wrong size is the first member's for both tables.
 constexpr const char* kSizeLine = "CameraSerialSettings::switchSFFC1(): Wrong SFFC table size: ";
+constexpr const char* kWriteLine = "Error writing message to camera.";
+constexpr const char* kReadLine = "Error reading message from camera.";
 
-std::vector<uint8_t> frameOf(uint8_t code, const std::vector<uint8_t>& payload) {
-  return makeRequest(code, payload.data(), static_cast<uint16_t>(payload.size()));
-}
+constexpr const char* kNotSent = "The camera took no bytes for the core.";
 
 }  // namespace
 
@@ -41,24 +37,19 @@ TableState SffcTransfer::write() {
 }
 
 bool SffcTransfer::askSizes() {
-  const auto region = ask(kSlotRegion, slotPayload(slot_.number), kQueryWait_us, 8);
-  const auto geometry = region ? ask(kFlashGeometry, geometryPayload(), kQueryWait_us, 8) : std::nullopt;
-  if (!geometry) {
-    fail("", "The core does not tell where its table is.");
-    return false;
-  }
+  const auto region = ask(kSlotRegion, slotPayload(slot_.number));
+  // The members ask both questions, whatever comes of the first.
+  const bool ask_on = region || manner_ == TransferManner::Interface;
+  const auto geometry = ask_on ? ask(kFlashGeometry, geometryPayload()) : std::nullopt;
+  if (!region || !geometry) return fail("The core does not tell where its table is.");
   region_ = regionOf(region->payload());
   geometry_ = geometryOf(geometry->payload());
   // One size serves for both tables.
   if (region_.size_bytes == static_cast<uint32_t>(lens_.sffcTableSize)) return true;
   const std::string expected = std::to_string(lens_.sffcTableSize);
   const std::string reported = std::to_string(region_.size_bytes);
-  if (manner_ == TransferManner::Interface) {
-    printErrorLine(kSizeLine + expected + " expected by the calibration data, " + reported +
-                   " reported by the camera.");
-  }
-  failure_ = "The lens' table has " + expected + " bytes, but the core's place for it has " + reported + ".";
-  return false;
+  tell(kSizeLine + expected + " expected by the calibration data, " + reported + " reported by the camera.");
+  return fail("The lens' table has " + expected + " bytes, but the core's place for it has " + reported + ".");
 }
 
 bool SffcTransfer::erase() {
@@ -71,9 +62,9 @@ bool SffcTransfer::erase() {
       return false;
     }
     const auto block = static_cast<uint16_t>((range.first + i) & 0xFFFF);
-    if (!ask(kEraseBlock, erasePayload(block), kEraseWait_us, 0)) {
-      fail("Error deleting memory block.", "The core did not erase block " + std::to_string(block) + ".");
-      return false;
+    if (!ask(kEraseBlock, erasePayload(block))) {
+      tell(slot_.member + std::string("Error deleting memory block."));
+      return fail("The core did not erase block " + std::to_string(block) + ".");
     }
   }
   return proceed(TransferPhase::Erasing, region_.size_bytes);
@@ -81,51 +72,59 @@ bool SffcTransfer::erase() {
 
 bool SffcTransfer::writePieces() {
   SerialExchange port(core_.device, core_.serialPort);
-  const uint32_t last_bytes = region_.size_bytes % kPiece_bytes;
-  const uint32_t full_bytes = region_.size_bytes - last_bytes;
-  for (uint32_t offset = 0; offset < full_bytes; offset += kPiece_bytes) {
-    if (!proceed(TransferPhase::Writing, offset) || !writeFullPiece(port, offset)) return false;
+  for (uint32_t offset = 0; offset < region_.size_bytes; offset += kPiece_bytes) {
+    const uint32_t size = std::min(kPiece_bytes, region_.size_bytes - offset);
+    if (!proceed(TransferPhase::Writing, offset) || !writePiece(port, offset, size)) return false;
   }
-  if (last_bytes > 0) {
-    if (!proceed(TransferPhase::Writing, full_bytes) || !writeLastPiece(port, full_bytes, last_bytes)) return false;
-  }
-  // All is written: a wish to cancel comes too late.
+  // All is written: a wish to cancel comes too late for this table.
   static_cast<void>(proceed(TransferPhase::Writing, region_.size_bytes));
   return true;
 }
 
-bool SffcTransfer::writeFullPiece(SerialExchange& port, uint32_t offset) {
-  const std::vector<uint8_t> frame = pieceFrame(offset, kPiece_bytes);
+bool SffcTransfer::writePiece(SerialExchange& port, uint32_t offset, uint32_t size) {
+  const std::vector<uint8_t> payload = writePayload(region_.address + offset, slot_.bytesOf(lens_) + offset, size);
+  if (manner_ == TransferManner::Checked) return writePieceChecked(port, offset, payload);
+  const std::vector<uint8_t> frame = frameOf(kWriteMemory, payload);
+  return size == kPiece_bytes ? writeFullPiece(port, frame) : writeLastPiece(port, frame);
+}
+
+bool SffcTransfer::writePieceChecked(SerialExchange& port, uint32_t offset, const std::vector<uint8_t>& payload) {
+  ReplyBuffer reply;
+  switch (exchangePiece(port, kWriteMemory, payload, kWriteMemory.answer_bytes, reply)) {
+    case PieceOutcome::Done:
+      return true;
+    case PieceOutcome::NotSent:
+      return fail(kNotSent);
+    case PieceOutcome::NotAnswered:
+      return fail("The core did not answer.");
+    case PieceOutcome::Damaged:
+      return fail("The core's answer about the bytes at " + std::to_string(offset) + " came damaged again and again.");
+    case PieceOutcome::Refused:
+      break;
+  }
+  return fail("The core did not take the bytes at " + std::to_string(offset) + ".");
+}
+
+bool SffcTransfer::writeFullPiece(SerialExchange& port, const std::vector<uint8_t>& frame) {
   if (!port.write(frame.data(), frame.size())) {
-    fail("Error writing message to camera.", "The camera took no bytes for the core.");
+    tell(slot_.member + std::string(kWriteLine));
     return false;
   }
   ReplyBuffer reply;
-  if (!port.read(reply, kAnswer_ms, replyRoom(0))) {
-    fail("Error reading message from camera. " + std::to_string(reply.size), "The core did not answer.");
-    return false;
-  }
-  if (manner_ == TransferManner::Interface || accepted(reply, kWriteMemory, 0)) return true;
-  fail("", "The core did not take the bytes at " + std::to_string(offset) + ".");
+  if (port.read(reply, kPieceAnswer_ms)) return true;
+  tell(slot_.member + std::string(kReadLine) + ' ' + std::to_string(reply.size));
   return false;
 }
 
-bool SffcTransfer::writeLastPiece(SerialExchange& port, uint32_t offset, uint32_t size) {
-  const std::vector<uint8_t> frame = pieceFrame(offset, size);
+// The answer is awaited even if the camera took no bytes.
+bool SffcTransfer::writeLastPiece(SerialExchange& port, const std::vector<uint8_t>& frame) {
   const bool written = port.write(frame.data(), frame.size());
-  if (!written) fail("Error writing message to camera.", "The camera took no bytes for the core.");
-  // In the interface's manner the answer is awaited all the same.
-  if (!written && manner_ == TransferManner::Checked) return false;
+  if (!written) tell(slot_.member + std::string(kWriteLine));
   for (int polls = 0; port.ready() < kFrameOverhead_bytes && polls < kPolls; ++polls) usleep(kPoll_us);
   ReplyBuffer reply;
-  if (!port.receive(reply, kAnswer_ms, replyRoom(0))) {
-    fail("Error reading message from camera.", "The core did not answer.");
-    return false;
-  }
-  if (!written) return false;
-  if (manner_ == TransferManner::Interface || accepted(reply, kWriteMemory, 0)) return true;
-  fail("", "The core did not take the bytes at " + std::to_string(offset) + ".");
-  return false;
+  const bool read = port.receive(reply, kPieceAnswer_ms);
+  if (!read) tell(slot_.member + std::string(kReadLine));
+  return written && read;
 }
 
 TableState SffcTransfer::verify() {
@@ -137,7 +136,7 @@ TableState SffcTransfer::verify() {
     const uint32_t size = std::min(kPiece_bytes, region_.size_bytes - offset);
     if (!readPiece(port, region_.address + offset, size, reply)) return TableState::NotVerified;
     if (!std::equal(reply.payload(), reply.payload() + size, table + offset)) {
-      fail("", "The core holds other bytes than were written, at " + std::to_string(offset) + ".");
+      fail("The core holds other bytes than were written, at " + std::to_string(offset) + ".");
       return TableState::Differs;
     }
   }
@@ -146,36 +145,14 @@ TableState SffcTransfer::verify() {
 }
 
 bool SffcTransfer::readPiece(SerialExchange& port, uint32_t address, uint32_t size, ReplyBuffer& reply) {
-  const std::vector<uint8_t> frame = frameOf(kReadMemory, readPayload(address, size));
-  if (!port.write(frame.data(), frame.size())) {
-    fail("", "The camera took no bytes for the core.");
-    return false;
-  }
-  if (port.read(reply, kAnswer_ms, replyRoom(size)) && accepted(reply, kReadMemory, size)) return true;
-  fail("", "The core did not give its table back.");
-  return false;
+  const PieceOutcome outcome = exchangePiece(port, kReadMemory, readPayload(address, size), size, reply);
+  if (outcome == PieceOutcome::Done) return true;
+  return fail(outcome == PieceOutcome::NotSent ? kNotSent : "The core did not give its table back.");
 }
 
-// Who knows how long the answer will be need not wait for the line to fall silent behind it: some 3 % of a transfer.
-std::size_t SffcTransfer::replyRoom(std::size_t payload_bytes) const {
-  return manner_ == TransferManner::Checked ? kFrameOverhead_bytes + payload_bytes : kReplyRoom_bytes;
-}
-
-std::optional<ReplyBuffer> SffcTransfer::ask(uint8_t code, const std::vector<uint8_t>& payload, int wait_us,
-                                             std::size_t payload_bytes) {
-  if (manner_ == TransferManner::Checked) {
-    const CoreValue<ReplyBuffer> reply = checkedMessage(core_, code, payload, wait_us, payload_bytes);
-    return reply.ok() ? std::optional<ReplyBuffer>(reply.value) : std::nullopt;
-  }
-  ReplyBuffer reply;
-  const std::vector<uint8_t> frame = frameOf(code, payload);
-  const ResponseStatuses status =
-      exchangeMessage({core_.device, core_.serialPort}, frame.data(), frame.size(), wait_us, reply, Manner::Interface);
-  return status == CAM_OK ? std::optional<ReplyBuffer>(reply) : std::nullopt;
-}
-
-bool SffcTransfer::accepted(const ReplyBuffer& reply, uint8_t code, std::size_t payload_bytes) const {
-  return reply.status() == CAM_OK && verifyReply(reply, code, payload_bytes) == CAM_OK;
+std::optional<ReplyBuffer> SffcTransfer::ask(const SffcCommand& command, const std::vector<uint8_t>& payload) {
+  return manner_ == TransferManner::Checked ? askChecked(core_, command, payload)
+                                            : askAsMembersDo(core_, command, payload);
 }
 
 bool SffcTransfer::proceed(TransferPhase phase, uint32_t done_bytes) {
@@ -183,13 +160,13 @@ bool SffcTransfer::proceed(TransferPhase phase, uint32_t done_bytes) {
   return !cancelled_;
 }
 
-void SffcTransfer::fail(const std::string& line, const std::string& sentence) {
-  if (manner_ == TransferManner::Interface && !line.empty()) printErrorLine(slot_.member + line);
-  failure_ = sentence;
+void SffcTransfer::tell(const std::string& line) const {
+  if (manner_ == TransferManner::Interface) printErrorLine(line);
 }
 
-std::vector<uint8_t> SffcTransfer::pieceFrame(uint32_t offset, uint32_t size) const {
-  return frameOf(kWriteMemory, writePayload(region_.address + offset, slot_.bytesOf(lens_) + offset, size));
+bool SffcTransfer::fail(const std::string& sentence) {
+  failure_ = sentence;
+  return false;
 }
 
 }  // namespace keocam

@@ -27,7 +27,7 @@ extern const SffcSlot kHighSlot;
 /// How a transfer goes about its work.
 enum class TransferManner : uint8_t {
   Interface,  ///< lines on standard error; of a piece's reply nothing is looked at
-  Checked,    ///< nothing is printed; every reply is checked whole
+  Checked,    ///< nothing is printed; every reply is checked whole; a piece may be sent again, see exchangePiece
 };
 
 class SffcTransfer {
@@ -49,17 +49,16 @@ class SffcTransfer {
   bool askSizes();
   bool erase();
   bool writePieces();
-  bool writeFullPiece(SerialExchange& port, uint32_t offset);
-  bool writeLastPiece(SerialExchange& port, uint32_t offset, uint32_t size);
+  bool writePiece(SerialExchange& port, uint32_t offset, uint32_t size);
+  bool writePieceChecked(SerialExchange& port, uint32_t offset, const std::vector<uint8_t>& payload);
+  bool writeFullPiece(SerialExchange& port, const std::vector<uint8_t>& frame);
+  bool writeLastPiece(SerialExchange& port, const std::vector<uint8_t>& frame);
   bool readPiece(SerialExchange& port, uint32_t address, uint32_t size, ReplyBuffer& reply);
 
-  std::size_t replyRoom(std::size_t payload_bytes) const;
-  std::optional<ReplyBuffer> ask(uint8_t code, const std::vector<uint8_t>& payload, int wait_us,
-                                 std::size_t payload_bytes);
-  bool accepted(const ReplyBuffer& reply, uint8_t code, std::size_t payload_bytes) const;
+  std::optional<ReplyBuffer> ask(const SffcCommand& command, const std::vector<uint8_t>& payload);
   bool proceed(TransferPhase phase, uint32_t done_bytes);
-  void fail(const std::string& line, const std::string& sentence);
-  std::vector<uint8_t> pieceFrame(uint32_t offset, uint32_t size) const;
+  void tell(const std::string& line) const;
+  bool fail(const std::string& sentence);
 
   CameraSerialSettings& core_;
   const SffcSlot& slot_;

@@ -49,6 +49,7 @@ struct Serial {
   std::deque<uint32_t> ready;                ///< what each GetRxBytesReady says; once empty, it fails
   std::function<void()> on_write;            ///< runs at each Write
   std::deque<std::vector<uint8_t>> replies;  ///< what each Read returns; once empty, every Read times out
+  std::vector<uint8_t> before_time_out;      ///< what a Read that times out has received nevertheless
 };
 
 /// A null device or interface stands for an empty slot.

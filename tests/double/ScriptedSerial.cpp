@@ -72,11 +72,11 @@ PvResult PvDeviceSerialPort::GetRxBytesReady(uint32_t& bytesReady) {
 
 PvResult PvDeviceSerialPort::Read(uint8_t* data, uint32_t size, uint32_t& bytesRead, uint32_t timeout_ms) {
   eventLog().add("PvDeviceSerialPort::Read " + std::to_string(size) + " " + std::to_string(timeout_ms));
-  bytesRead = 0;
-  if (network().serial.replies.empty()) return outcome(false, PvResult::Code::Timeout);
-  const std::vector<uint8_t> reply = network().serial.replies.front();
-  network().serial.replies.pop_front();
-  bytesRead = std::min(size, static_cast<uint32_t>(reply.size()));
-  std::copy_n(reply.begin(), bytesRead, data);
-  return {};
+  scripted::Serial& serial = network().serial;
+  const bool answered = !serial.replies.empty();
+  const std::vector<uint8_t> received = answered ? serial.replies.front() : serial.before_time_out;
+  if (answered) serial.replies.pop_front();
+  bytesRead = std::min(size, static_cast<uint32_t>(received.size()));
+  std::copy_n(received.begin(), bytesRead, data);
+  return outcome(answered, PvResult::Code::Timeout);
 }

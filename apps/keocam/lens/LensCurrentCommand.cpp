@@ -15,11 +15,11 @@ namespace {
 
 constexpr uint8_t kLowSlot = 0;
 constexpr uint8_t kMiddleSlot = 1;
-constexpr int kQueryWait_us = 10'000;
 
-ReplyBuffer answerTo(CoreSession& session, uint8_t code, const std::vector<uint8_t>& payload, std::size_t least_bytes) {
-  const CoreValue<ReplyBuffer> reply =
-      session.attempt([&] { return checkedMessage(session.core(), code, payload, kQueryWait_us, least_bytes); });
+ReplyBuffer answerTo(CoreSession& session, const SffcCommand& command, const std::vector<uint8_t>& payload,
+                     std::size_t least_bytes) {
+  const CoreValue<ReplyBuffer> reply = session.attempt(
+      [&] { return checkedMessage(session.core(), command.code, payload, command.wait_us, least_bytes); });
   if (reply.ok()) return reply.value;
   throw CommandFailure(exitStatusOf(reply.status), "The tables of the core of " + nameOf(session.camera()) +
                                                        " could not be read: " + wordsFor(reply.status) + ". " +
@@ -27,8 +27,8 @@ ReplyBuffer answerTo(CoreSession& session, uint8_t code, const std::vector<uint8
 }
 
 HeldTable tableIn(CoreSession& session, uint8_t slot) {
-  constexpr std::size_t kRegion_bytes = 8;
-  const SffcRegion region = regionOf(answerTo(session, kSlotRegion, slotPayload(slot), kRegion_bytes).payload());
+  const SffcRegion region =
+      regionOf(answerTo(session, kSlotRegion, slotPayload(slot), kSlotRegion.answer_bytes).payload());
   HeldTable table;
   table.size_bytes = region.size_bytes;
   for (uint32_t i = 0; i < HeldTable::kSamples; ++i) {

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "calibration/HexText.h"
 #include "tests/unit/calibration/CalibrationDataFixture.h"
 
 namespace {
@@ -132,10 +133,20 @@ TEST_F(CalibrationDataTest, Version1_ShortDateAndLens_AreCutByTheEnd) {
   EXPECT_EQ(lens().data[0][0][0], 1.0);
 }
 
-TEST_F(CalibrationDataTest, Version1_DataBeforeBb_RecordComesTwice) {
+TEST_F(CalibrationDataTest, Version1_DataBeforeBb_TheRecordIsReadUntilItsBbIsCutOff) {
+  // Each record cuts the text: the first behind "Data:" (30 characters are left), the others, whose "Data:" is missing,
+  // at index 4 (26, 22 and 18 characters). The "BB:" stands at 13, 8, 4 and 0; the rest "Lens:..." has none.
   set("Data:0000803FBB:1Lens:ABCDECdate:24", "01");
-  // The text is cut behind "Data:", so that the same "BB:" opens a second record, whose "Data:" is missing.
-  EXPECT_GE(calibrationVect.size(), 2u);
+  ASSERT_EQ(calibrationVect.size(), 4u);
+  for (std::size_t i = 0; i < 4; ++i) {
+    EXPECT_EQ(lens(i).bb, 1u) << i;
+    EXPECT_EQ(lens(i).lens, "ABCDE") << i;
+    EXPECT_EQ(lens(i).cdate, "24") << i;
+  }
+  EXPECT_EQ(lens(0).data[0][0][0], 1.0);
+  // "803FBB:1" is the bytes 80 3F BB 00, and "Lens:ABC" 00 00 00 BC: 0xBC000000.
+  EXPECT_EQ(lens(1).data[0][0][0], keocam::decodeHexFloat("803FBB00"));
+  EXPECT_EQ(lens(3).data[0][0][0], -0.0078125);
 }
 
 TEST_F(CalibrationDataTest, MissingKey_ValueStartsOneLessThanTheKeysLengthIntoTheText) {
@@ -217,10 +228,17 @@ TEST_F(CalibrationDataTest, Tables_Empty) {
 }
 
 TEST_F(CalibrationDataTest, Tables_Missing_AreReadFromWhereTheyWouldBeCut) {
-  // "SffcLowRange:" is missing, so the table starts at index 12; "SffcHighRange:" in that rest, at 13.
+  // "SffcLowRange:" has 13 characters, so that its table begins at index 12 of the text: "24-05-06Lens:..." up to the
+  // parenthesis, 37 characters. "SffcHighRange:" has 14: its table begins at index 13 of that, "L25mmData:...", 24.
   set("BB:1Cdate:2024-05-06Lens:L25mmData:0000803F000102)", "02");
   ASSERT_EQ(calibrationVect.size(), 1u);
-  EXPECT_GT(lens().sffcTableSize, 0);
+  EXPECT_EQ(lens().sffcTableSize, 18);
+  // "24" "-0" "5-" "06" "Le" "ns" ":L" "25" "mm" "Da" "ta" ":0" "00" "08" "03" "F0" "00" "10", and a single "2".
+  EXPECT_EQ(std::vector<uint8_t>(lens().sffcLowRange, lens().sffcLowRange + 19),
+            (std::vector<uint8_t>{0x24, 0, 5, 6, 0, 0, 0, 0x25, 0, 0xDA, 0, 0, 0, 8, 3, 0xF0, 0, 0x10, 0}));
+  // "L2" "5m" "mD" "at" "a:" "00" "00" "80" "3F" "00" "01" "02".
+  EXPECT_EQ(std::vector<uint8_t>(lens().sffcHighRange, lens().sffcHighRange + 13),
+            (std::vector<uint8_t>{0, 5, 0, 0x0A, 0x0A, 0, 0, 0x80, 0x3F, 0, 1, 2, 0}));
 }
 
 TEST_F(CalibrationDataTest, Table_AsLargeAsItsPlace_Fits) {

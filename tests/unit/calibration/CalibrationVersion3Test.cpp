@@ -32,14 +32,18 @@ TEST_F(CalibrationDataTest, Version3_With1500) {
   EXPECT_TRUE(std::equal(lens().sffc1500Range, lens().sffc1500Range + 300, bytes(300, 3).begin()));
 }
 
-TEST_F(CalibrationDataTest, Version3_ShortData_TakesTheFirstPlacesOf1500) {
-  set(heading({}) + "Data:" + hexFloats(2, 1.0F) + "0000Data1500:A041" + hexFloats(1, 5.0F) +
-          "SffcLowRange:)SffcHighRange:)Sffc1500Range:)",
+TEST_F(CalibrationDataTest, Version3_ShortData_IsContinuedByData1500_EvenWithinAFloat) {
+  // "Data:" as the last key ends with the text: two floats and half of one, whose rest is the first of "Data1500:".
+  set(heading({}) + "Data1500:A041" + hexFloats(2, 5.0F) +
+          "SffcLowRange:)SffcHighRange:)Sffc1500Range:)Data:" + hexFloats(2, 1.0F) + "0000",
       "03");
-  // The data's 4800 characters run on over the key and the tables; what they end in decides where the rest falls.
+  ASSERT_EQ(calibrationVect.size(), 1u);
   EXPECT_EQ(lens().has1500Range, 1);
   EXPECT_EQ(lens().data[0][0][0], 1.0);
   EXPECT_EQ(lens().data[0][0][1], 2.0);
+  EXPECT_EQ(lens().data[0][0][2], 20.0) << "0000A041, lowest byte first: 0x41A00000";
+  EXPECT_EQ(lens().data[0][0][3], 5.0);
+  EXPECT_EQ(lens().data[0][0][4], 6.0);
 }
 
 TEST_F(CalibrationDataTest, Version3_ALaterLens1500_IsTakenForThisOnes) {

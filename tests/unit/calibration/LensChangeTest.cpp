@@ -40,6 +40,15 @@ class LensChangeTest : public LensTest {
     replyTo(12, {});
   }
 
+  LensChange changeCancelledAt(std::size_t call, Verification verification) {
+    scripted::network().serial = {};
+    replyToEverything(verification == Verification::ReadBack);
+    progress_.clear();
+    cancel_at_ = call;
+    log().clear();
+    return change(verification);
+  }
+
   std::vector<TransferProgress> progress_;
   std::size_t cancel_at_ = 0;
 };
@@ -113,25 +122,56 @@ TEST_F(LensChangeTest, Progress_EveryBlockAndPiece) {
   }
 }
 
-TEST_F(LensChangeTest, Cancelled_AnywhereInTheFirstTable_NothingMoreIsSent) {
-  const TableState states[] = {TableState::Untouched,     TableState::PartlyWritten, TableState::PartlyWritten,
-                               TableState::PartlyWritten, TableState::PartlyWritten, TableState::PartlyWritten,
-                               TableState::Written,       TableState::NotVerified,   TableState::NotVerified,
-                               TableState::NotVerified,   TableState::Verified};
-  const std::size_t messages[] = {2, 3, 4, 4, 5, 6, 7, 7, 8, 9, 10};
-  for (std::size_t i = 0; i < std::size(states); ++i) {
-    scripted::network().serial = {};
-    replyToEverything(true);
-    progress_.clear();
-    cancel_at_ = i + 1;
-    // At the very end of writing, reading back is what is cancelled.
-    const LensChange result = change(Verification::ReadBack);
+// By the observer's calls for one table: how a cancellation at that call leaves it, and the messages up to then.
+struct Cancelled {
+  TableState state;
+  std::size_t messages;
+};
+constexpr Cancelled kCancelled[] = {
+    {TableState::Untouched, 2},      // before the first erasure
+    {TableState::PartlyWritten, 3},  // before the second
+    {TableState::PartlyWritten, 4},  // at the end of erasing
+    {TableState::PartlyWritten, 4},  // before the first piece, and the others
+    {TableState::PartlyWritten, 5}, {TableState::PartlyWritten, 6},
+    {TableState::Written, 7},      // at the end of writing: what is cancelled is reading back
+    {TableState::NotVerified, 7},  // before the first piece is read, and the others
+    {TableState::NotVerified, 8},   {TableState::NotVerified, 9},
+    {TableState::Verified, 10},  // at the end of reading back
+};
+
+TEST_F(LensChangeTest, Cancelled_InTheFirstTable_NothingMoreIsSent) {
+  for (std::size_t i = 0; i < std::size(kCancelled); ++i) {
+    const LensChange result = changeCancelledAt(i + 1, Verification::ReadBack);
     EXPECT_EQ(result.end, LensChangeEnd::Cancelled) << i;
-    EXPECT_EQ(result.low, states[i]) << i;
+    EXPECT_EQ(result.low, kCancelled[i].state) << i;
     EXPECT_EQ(result.high, TableState::Untouched) << i;
-    EXPECT_EQ(takeRequests().size(), messages[i]) << i;
+    EXPECT_EQ(takeRequests().size(), kCancelled[i].messages) << i;
     EXPECT_TRUE(core_.isSetLensReady());
   }
+}
+
+TEST_F(LensChangeTest, Cancelled_InTheSecondTable_NothingMoreIsSent_ButAtItsVeryEnd) {
+  for (std::size_t i = 0; i < std::size(kCancelled); ++i) {
+    const bool too_late = i + 1 == std::size(kCancelled);
+    const LensChange result = changeCancelledAt(std::size(kCancelled) + i + 1, Verification::ReadBack);
+    EXPECT_EQ(result.end, too_late ? LensChangeEnd::Complete : LensChangeEnd::Cancelled) << i;
+    EXPECT_EQ(result.low, TableState::Verified) << i;
+    EXPECT_EQ(result.high, kCancelled[i].state) << i;
+    // Too late, the core is told to use the tables and to correct.
+    EXPECT_EQ(takeRequests().size(), 10 + kCancelled[i].messages + (too_late ? 2 : 0)) << i;
+  }
+}
+
+TEST_F(LensChangeTest, CancelledAtTheVeryEndOfWriting_WithoutVerification_IsComplete) {
+  const std::size_t calls = 7;
+  const LensChange between = changeCancelledAt(calls, Verification::None);
+  EXPECT_EQ(between.end, LensChangeEnd::Cancelled);
+  EXPECT_EQ(between.low, TableState::Written);
+  EXPECT_EQ(between.high, TableState::Untouched);
+  const LensChange too_late = changeCancelledAt(2 * calls, Verification::None);
+  EXPECT_EQ(too_late.end, LensChangeEnd::Complete);
+  EXPECT_EQ(too_late.high, TableState::Written);
+  EXPECT_TRUE(scripted::network().serial.replies.empty());
 }
 
 TEST_F(LensChangeTest, ObserverThrows_LeavesNothingOpen) {

@@ -54,5 +54,26 @@ class LensTest : public CoreTest {
     for (uint32_t written = 0; written < size; written += 128) replyTo(211, {});
   }
 
+  static Log joined(Log left, const Log& right) {
+    left.insert(left.end(), right.begin(), right.end());
+    return left;
+  }
+
+  /// All calls of one message that is sent through sendMessage, with what it prints once it is over.
+  static Log message(uint8_t code, const Bytes& payload, int wait_us, const Log& printed = {}) {
+    Log calls = {"PvDeviceAdapter::PvDeviceAdapter Cam A",
+                 "PvDeviceSerialPort::Open 2 of Cam A",
+                 "PvDeviceSerialPort::Write " + scripted::hex(core_frames::frame(code, payload)),
+                 "usleep " + std::to_string(wait_us) + " us",
+                 "PvDeviceSerialPort::GetRxBytesReady",
+                 "PvDeviceSerialPort::Read 1024 500"};
+    return joined(joined(calls, closing()), printed);
+  }
+  /// The end of every exchange.
+  static Log closing() {
+    return {"PvDeviceSerialPort::Close", "PvDeviceSerialPort::~PvDeviceSerialPort",
+            "PvDeviceAdapter::~PvDeviceAdapter"};
+  }
+
   std::vector<Lens> lenses_;
 };
