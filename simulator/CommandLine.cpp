@@ -7,8 +7,10 @@
 #include <stdexcept>
 
 #include "simulator/CoreArguments.h"
+#include "simulator/SceneArguments.h"
 #include "simulator/SensorSizes.h"
 #include "simulator/UdpSocket.h"
+#include "simulator/scene/SceneText.h"
 
 namespace simulator {
 namespace {
@@ -29,6 +31,7 @@ constexpr const char* kFooter =
     "  keocam-simulator --loss 10 --late 5 20          1 % of packets lost, 0.5 % come 20 ms late\n"
     "  keocam-simulator --core-no-answer 1000 3        the thermal core does not answer its first 3 requests\n"
     "  keocam-simulator --core-flash core.bin          the core keeps its lens tables from run to run\n"
+    "  keocam-simulator --scene hot-spot:high=120      a hot spot of 120 degrees Celsius\n"
     "  keocam-simulator calibration --help             makes calibration data for a camera\n"
     "\n"
     "While it runs it takes commands on standard input, one a line; \"help\" lists them.\n"
@@ -80,7 +83,7 @@ std::string nextSerial(const std::string& serial, uint32_t steps) {
 
 std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* argv) {
   CLI::App app(kIntroduction, "keocam-simulator");
-  app.footer(kFooter);
+  app.footer(sceneHelpText() + '\n' + kFooter);
   ProgramOptions program;
   CameraOptions camera;
   uint32_t count = 1;
@@ -113,6 +116,7 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
       ->check(CLI::Range(0.0, 1e9))
       ->option_text("S");
   app.add_flag("-q,--quiet", program.quiet, "Say nothing on standard error but errors");
+  SceneArguments scene(app);
   CoreArguments core(app);
   addFaultOptions(app, knobs);
   app.add_flag("--ignore-heartbeat", camera.faults.ignore_heartbeat, "Control runs out although the host is alive")
@@ -121,6 +125,7 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
   try {
     app.parse(argc, argv);
     applyFaults(knobs, camera.faults);
+    scene.check();
     core.check();
     camera.sensor = sensorSizes().at(size);
     camera.uart_pacing = kSwitch.at(pacing);
@@ -136,6 +141,7 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
     program.cameras.back().address = formatIp(first_ip + i);
     program.cameras.back().serial = nextSerial(camera.serial, i);
     program.cameras.back().seed = camera.seed + i;
+    if (scene.given()) program.cameras.back().temperatures = scene.make(core.lensPoints(program.cameras.back().serial));
     program.cameras.back().core = core.make(program.cameras.back(), i, count);
   }
   program.occupied.assign(count, occupied);

@@ -2,7 +2,6 @@
 
 #include <stdexcept>
 
-#include "simulator/calibration/CalibrationFolder.h"
 #include "simulator/core/CoreOptionsFor.h"
 
 namespace simulator {
@@ -57,6 +56,11 @@ void CoreArguments::check() const {
       throw CLI::ValidationError("--" + std::string(knob.name), "takes at most " + std::to_string(knob.maximum));
     }
   }
+}
+
+std::optional<LensPoints> CoreArguments::lensPoints(const std::string& serial) const {
+  if (lens_.empty()) return std::nullopt;
+  return readLensPoints(calibrations_, serial, lens_);
 }
 
 std::shared_ptr<ThermalCore> CoreArguments::make(const CameraOptions& camera, uint32_t index, uint32_t cameras) const {

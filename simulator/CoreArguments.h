@@ -5,10 +5,12 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "simulator/SimulatedCamera.h"
+#include "simulator/calibration/CalibrationFolder.h"
 #include "simulator/core/CoreFaults.h"
 
 namespace simulator {
@@ -27,6 +29,9 @@ class CoreArguments {
   /// Where there are more cameras than one, each has a flash file of its own. Throws std::runtime_error for a flash
   /// file or a calibration that does not serve.
   std::shared_ptr<ThermalCore> make(const CameraOptions& camera, uint32_t index, uint32_t cameras) const;
+
+  /// The points of the lens that the camera with this serial number has, if one was chosen. Throws as make().
+  std::optional<LensPoints> lensPoints(const std::string& serial) const;
 
  private:
   bool none_ = false;

@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "simulator/scene/TemperaturePictures.h"
+
 namespace simulator {
 namespace {
 
@@ -90,6 +92,10 @@ uint16_t patternValue(TestPattern pattern, ImageSize sensor, uint32_t x, uint32_
 Scene::Scene(const SceneSettings& settings) : settings_(settings) {
   const ImageSize sensor = settings.sensor;
   if (sensor.width == 0 || sensor.height == 0) throw std::invalid_argument("a scene needs a sensor with pixels");
+  if (settings.temperatures) {
+    temperatures_ = std::make_shared<TemperaturePictures>(*settings.temperatures, sensor);
+    return;
+  }
   const std::vector<Spot> spots = spotsOf(settings);
   background_.reserve(std::size_t{sensor.width} * sensor.height);
   for (uint32_t row = 0; row < sensor.height; ++row) {
@@ -114,7 +120,14 @@ Scene::Scene(const SceneSettings& settings) : settings_(settings) {
   }
 }
 
-std::vector<uint16_t> Scene::render(uint32_t width, uint32_t height, uint64_t frame_index, TestPattern pattern) const {
+double Scene::countsPerSensorCount(const CoreResponse& core) const {
+  return temperatures_ ? temperatures_->countsPerSensorCount(core) : 1.0;
+}
+
+const TemperatureScene* Scene::temperatures() const { return temperatures_ ? &temperatures_->scene() : nullptr; }
+
+std::vector<uint16_t> Scene::render(uint32_t width, uint32_t height, uint64_t frame_index, TestPattern pattern,
+                                    const CoreResponse& core) const {
   const ImageSize sensor = settings_.sensor;
   if (width == 0 || height == 0 || width > sensor.width || height > sensor.height) {
     throw std::invalid_argument("a window of " + std::to_string(width) + "x" + std::to_string(height) +
@@ -123,7 +136,11 @@ std::vector<uint16_t> Scene::render(uint32_t width, uint32_t height, uint64_t fr
   }
   std::vector<uint16_t> picture(std::size_t{width} * height);
   if (pattern == TestPattern::Off) {
-    renderScene({width, height}, frame_index, picture);
+    if (temperatures_) {
+      temperatures_->render({width, height}, frame_index, core, picture);
+    } else {
+      renderScene({width, height}, frame_index, picture);
+    }
     return picture;
   }
   std::size_t at = 0;

@@ -3,7 +3,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <vector>
+
+#include "simulator/scene/CoreResponse.h"
+#include "simulator/scene/TemperatureScene.h"
 
 namespace simulator {
 
@@ -27,18 +32,30 @@ struct SceneSettings {
   ImageSize sensor;            ///< the whole sensor; a smaller window shows its top left part
   uint64_t seed = 1;           ///< of the sensor's noise and of the spots' places
   uint32_t noise_counts = 12;  ///< standard deviation of the noise; 0 gives a picture without noise
+  /// A scene in degrees takes the place of the moving one. It has no noise, and no other use for the seed.
+  std::optional<TemperatureSceneSettings> temperatures;
 };
 
-/// A moving thermal scene. All pictures are 14-bit values (0..16383) in the host's byte order, row by row.
-/// Immutable once built, so any number of threads may render from one object.
+class TemperaturePictures;
+
+/// A moving thermal scene, or one in degrees. All pictures are 14-bit values (0..16383) in the host's byte order, row
+/// by row. Immutable once built, so any number of threads may render from one object.
 class Scene {
  public:
+  /// Throws std::invalid_argument for a sensor without pixels, and for a scene in degrees that does not serve.
   explicit Scene(const SceneSettings& settings);
 
-  /// The picture of frame `frame_index` (the stream's block id). The same settings, size and index always give the
-  /// same values. Throws std::invalid_argument for a window that is empty or larger than the sensor.
+  /// The picture of frame `frame_index` (the stream's block id). The same settings, size, index and core always give
+  /// the same values. Only a scene in degrees looks at `core`; the moving one is made of counts. Throws
+  /// std::invalid_argument for a window that is empty or larger than the sensor.
   std::vector<uint16_t> render(uint32_t width, uint32_t height, uint64_t frame_index,
-                               TestPattern pattern = TestPattern::Off) const;
+                               TestPattern pattern = TestPattern::Off, const CoreResponse& core = {}) const;
+
+  /// By how much a value moves when the sensor is off by one of its counts in high gain.
+  double countsPerSensorCount(const CoreResponse& core) const;
+
+  /// Null for the moving scene.
+  const TemperatureScene* temperatures() const;
 
   const SceneSettings& settings() const { return settings_; }
 
@@ -49,6 +66,7 @@ class Scene {
   SceneSettings settings_;
   std::vector<uint16_t> background_;  ///< everything that does not move, without noise
   std::vector<int16_t> noise_;        ///< longer than a picture, read from another offset for each frame
+  std::shared_ptr<const TemperaturePictures> temperatures_;  ///< in place of both
 };
 
 }  // namespace simulator

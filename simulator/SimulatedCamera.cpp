@@ -22,6 +22,7 @@ SceneSettings sceneOf(const CameraOptions& options) {
   SceneSettings scene;
   scene.sensor = options.sensor;
   scene.seed = options.seed;
+  scene.temperatures = options.temperatures;
   return scene;
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "simulator/Faults.h"
@@ -16,12 +17,14 @@ namespace simulator {
 class ThermalCore;
 
 struct CameraOptions {
-  std::string address = "127.0.0.2";    ///< a local IPv4 address of this machine; all of 127.0.0.0/8 is
-  std::string serial = "KEOD2001";      ///< at most 15 characters; unique among cameras
-  std::string user_id;                  ///< at most 15 characters; empty gives the serial number
-  ImageSize sensor;                     ///< also the default of Width and Height
-  double frame_rate_hz = 30.0;          ///< start value of AcquisitionFrameRate, 1 to 1000
-  uint64_t seed = 1;                    ///< of the scene's noise and of the faults' draws
+  std::string address = "127.0.0.2";  ///< a local IPv4 address of this machine; all of 127.0.0.0/8 is
+  std::string serial = "KEOD2001";    ///< at most 15 characters; unique among cameras
+  std::string user_id;                ///< at most 15 characters; empty gives the serial number
+  ImageSize sensor;                   ///< also the default of Width and Height
+  double frame_rate_hz = 30.0;        ///< start value of AcquisitionFrameRate, 1 to 1000
+  uint64_t seed = 1;                  ///< of the scene's noise and of the faults' draws
+  /// The scene is one in degrees; empty: the moving one. trueTemperatures() says what each pixel of a frame sees.
+  std::optional<TemperatureSceneSettings> temperatures;
   bool uart_pacing = true;              ///< false: serial bytes arrive at once, whatever the baud rate
   std::shared_ptr<UartPeer> uart_peer;  ///< null: nothing is connected, bytes to it vanish
   std::shared_ptr<ThermalCore> core;    ///< at the UART's other end and in the pictures' way; excludes `uart_peer`

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "simulator/scene/CoreResponse.h"
+
 namespace simulator {
 
 /// Pictures that a core makes by itself, in place of what its sensor sees.
@@ -22,6 +24,7 @@ struct CoreVideo {
   bool frozen = false;            ///< the shutter is closed
   int32_t drift_millikelvin = 0;  ///< of the sensor since its last correction: scales the columns' and rows' offsets
   uint64_t offset_seed = 0;       ///< which columns and rows are off, and by how much
+  CoreResponse response;          ///< how temperatures become values, where the scene has temperatures
   CorePattern pattern = CorePattern::Off;
   bool upside_down = false;
   bool left_to_right = false;

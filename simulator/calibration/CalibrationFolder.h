@@ -1,4 +1,4 @@
-// A camera's entry in a calibration folder: written, and looked up for a lens' tables.
+// A camera's entry in a calibration folder: written, and looked up for a lens' tables and points.
 #pragma once
 
 #include <array>
@@ -6,6 +6,7 @@
 
 #include "simulator/Bytes.h"
 #include "simulator/calibration/CalibrationOptions.h"
+#include "simulator/calibration/LensData.h"
 
 namespace simulator {
 
@@ -24,5 +25,15 @@ CalibrationEntry writeCalibrationEntry(const std::string& folder, const std::str
 /// The tables for the low and the middle range of the first lens of this name; a name may be short of its blanks.
 /// Throws std::runtime_error with a text that names what is missing or does not serve, and the lenses that are there.
 std::array<Bytes, 2> readLensTables(const std::string& folder, const std::string& serial, const std::string& lens);
+
+/// What a lens' correction is made of.
+struct LensPoints {
+  CalibrationPoints points{};  ///< those of the high range are 0 where the lens has none
+  unsigned version = 0;        ///< of the text, by the manifest
+  bool with_1500 = false;      ///< the lens has the high range
+};
+
+/// Of the same lens as readLensTables(), and throws as it does; also for a manifest that is missing or has no version.
+LensPoints readLensPoints(const std::string& folder, const std::string& serial, const std::string& lens);
 
 }  // namespace simulator

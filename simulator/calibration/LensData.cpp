@@ -1,7 +1,5 @@
 #include "simulator/calibration/LensData.h"
 
-#include <algorithm>
-
 namespace simulator {
 namespace {
 
@@ -43,34 +41,35 @@ constexpr std::array<Spread, kCalibrationRanges> kSpreads{{{{0.4F, 0.004F, 0, 0,
                                                            {{0.2F, 0.0007F, 2e-7F, 1e-10F, 1e-13F}, 0.25F},
                                                            {{0.2F, 0.0005F, 1e-7F, 3e-11F, 1e-14F}, 0.25F}}};
 
-/// Where a range goes over from one line to the other, and by how much their slopes differ.
-struct SwitchOver {
-  double lowest_celsius;
-  double highest_celsius;
-  double slope_step;
-};
-constexpr std::array<SwitchOver, 2> kSwitchOvers{{{30, 60, 0.001}, {180, 300, 0.001}}};
+/// Where a range goes over from one line to the other. Readers take for it the inverse of where the lines cross, so
+/// they part there by slope_step (over - 1 / over): nothing to speak of about 1 degree, degrees at a hundred.
+constexpr double kSwitchOver_celsius = 1.0;
+constexpr double kSwitchOverSpread_celsius = 0.1;
+constexpr double kSwitchOverDrift_celsius = 0.05;
+
+/// By how much the lines' slopes differ.
+constexpr std::array<double, 2> kSlopeSteps{0.002, 0.001};
 
 void fillRange(std::array<CalibrationRow, kCalibrationRows>& rows, std::size_t range, bool two_lines, Draws& draws) {
   const Spread& spread = kSpreads[range];
-  std::array<std::array<double, 3>, kCalibrationPoints> course{};
-  for (std::size_t point = 0; point < kCalibrationPoints; ++point) {
+  std::array<std::array<double, 3>, kPointsPerRow> course{};
+  for (std::size_t point = 0; point < kPointsPerRow; ++point) {
     const double largest = spread.largest[point];
     course[point] = {draws.within(largest), draws.within(largest * spread.drift),
                      draws.within(largest * spread.drift / 2)};
   }
-  const SwitchOver& step = kSwitchOvers[std::min<std::size_t>(range, 1)];
-  const double switch_celsius = draws.between(step.lowest_celsius, step.highest_celsius);
+  const double over = kSwitchOver_celsius + draws.within(kSwitchOverSpread_celsius);
   for (std::size_t row = 0; row < kCalibrationRows; ++row) {
     const double warmth = (static_cast<double>(row) - 30.0) / 30.0;
-    for (std::size_t point = 0; point < kCalibrationPoints; ++point) {
+    for (std::size_t point = 0; point < kPointsPerRow; ++point) {
       const auto& [middle, slope, bend] = course[point];
       rows[row][point] = static_cast<float>(middle + slope * warmth + bend * warmth * warmth);
     }
     if (!two_lines) continue;
     rows[row][2] = 0;
-    rows[row][3] = static_cast<float>(rows[row][0] - step.slope_step / (switch_celsius + warmth));
-    rows[row][4] = static_cast<float>(rows[row][1] + step.slope_step);
+    const double step = kSlopeSteps[range];
+    rows[row][3] = static_cast<float>(rows[row][0] - step / (over + kSwitchOverDrift_celsius * warmth));
+    rows[row][4] = static_cast<float>(rows[row][1] + step);
   }
 }
 
@@ -109,7 +108,7 @@ LensData lensDataOf(const CalibrationOptions& options, std::size_t lens) {
   LensData data;
   for (std::size_t range = 0; range < ranges; ++range) {
     Draws draws(scrambled(seed, range));
-    const bool two_lines = options.version >= kFirstVersionWithTwoLines && range < kSwitchOvers.size();
+    const bool two_lines = options.version >= kFirstVersionWithTwoLines && range < kSlopeSteps.size();
     fillRange(data.points[range], range, two_lines, draws);
     if (options.version < kFirstVersionWithTables || !chosen.with_tables) continue;
     data.tables[range] = tableOf(options.sensor, table_bytes, scrambled(seed, kCalibrationRanges + range));

@@ -3,7 +3,8 @@
 namespace simulator {
 namespace {
 
-constexpr uint16_t kLowGain = 1;
+constexpr uint16_t kLowGainMode = 1;
+constexpr double kUnitEmissivity = 8192;
 constexpr uint16_t kAutomaticFfc = 1;
 
 Bytes wordAnswer(uint16_t word) {
@@ -93,10 +94,27 @@ Bytes CoreState::reading(Reading reading, uint64_t now_ns) const {
   return {};
 }
 
+CoreResponse CoreState::response(uint64_t now_ns) const {
+  const auto parameter = [this](uint8_t selector) {
+    return static_cast<double>(present_.word(FunctionCode::RadiometricParameter, selector));
+  };
+  CoreResponse response;
+  response.low_gain = present_.word(FunctionCode::GainMode) == kLowGainMode;
+  if (present_.word(FunctionCode::Radiometry, kRadiometryMode) != 0) {
+    const bool high = present_.word(FunctionCode::Radiometry, kRadiometryResolution) != 0;
+    response.scale = high ? PixelScale::KelvinTimes25 : PixelScale::KelvinTimes2p5;
+  }
+  response.object.emissivity = parameter(kEmissivity) / kUnitEmissivity;
+  response.object.reflected_celsius = parameter(kReflectedTemperature) / 100;
+  response.object.atmospheric_celsius = parameter(kAtmosphericTemperature) / 100;
+  response.core_degrees = wholeDegrees(temperatures(now_ns).sensor_celsius);
+  return response;
+}
+
 FlatFieldRules CoreState::flatFieldRules() const {
   FlatFieldRules rules;
   if (present_.word(FunctionCode::FfcMode) != kAutomaticFfc) return rules;
-  const std::size_t gain = present_.word(FunctionCode::GainMode) == kLowGain ? 1 : 0;
+  const std::size_t gain = present_.word(FunctionCode::GainMode) == kLowGainMode ? 1 : 0;
   const auto of = [&](FunctionCode code) { return present_.words(*findRow(static_cast<uint8_t>(code)))[gain]; };
   const uint16_t frames = of(FunctionCode::FfcPeriod);
   if (frames != 0) {

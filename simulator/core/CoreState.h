@@ -11,6 +11,7 @@
 #include "simulator/core/FlashCommands.h"
 #include "simulator/core/FlashMemory.h"
 #include "simulator/core/FlatField.h"
+#include "simulator/scene/CoreResponse.h"
 
 namespace simulator {
 
@@ -50,6 +51,8 @@ class CoreState {
   FlashMemory& flash() { return flash_; }
   const FlashMemory& flash() const { return flash_; }
   double driftCelsius(uint64_t now_ns) const { return flat_field_.driftCelsius(now_ns); }
+  /// How the core turns temperatures into values: what its settings and its own temperature say.
+  CoreResponse response(uint64_t now_ns) const;
 
  private:
   Bytes command(FunctionCode code, std::size_t answer_bytes, uint64_t now_ns);

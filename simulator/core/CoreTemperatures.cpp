@@ -41,4 +41,9 @@ uint16_t tenths(double celsius) { return asWord(celsius * 10.0); }
 
 uint16_t hundredths(double celsius) { return asWord(celsius * 100.0); }
 
+int32_t wholeDegrees(double celsius) {
+  const auto told = static_cast<int16_t>(tenths(celsius));
+  return static_cast<int32_t>(std::floor((told + 5) / 10.0));
+}
+
 }  // namespace simulator

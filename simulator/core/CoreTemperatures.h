@@ -33,4 +33,7 @@ CoreTemperatures temperaturesAt(const ThermalProfile& profile, uint64_t seed, ui
 uint16_t tenths(double celsius);
 uint16_t hundredths(double celsius);
 
+/// The nearest whole degree to what tenths() tells a host, which rounds halves up.
+int32_t wholeDegrees(double celsius);
+
 }  // namespace simulator

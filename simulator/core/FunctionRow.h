@@ -33,6 +33,13 @@ constexpr uint8_t kLvdsMode = 0x04;
 constexpr uint8_t kCmosBitDepth = 0x08;
 constexpr uint8_t kLvdsBitDepth = 0x09;
 
+/// Selectors of FunctionCode::Radiometry and FunctionCode::RadiometricParameter.
+constexpr uint8_t kRadiometryResolution = 0x10;
+constexpr uint8_t kRadiometryMode = 0x40;
+constexpr uint8_t kEmissivity = 0x00;
+constexpr uint8_t kAtmosphericTemperature = 0x05;
+constexpr uint8_t kReflectedTemperature = 0x07;
+
 enum class RowKind : uint8_t {
   Setting,  ///< kept by the core; read, and unless read-only written, by the host
   Reading,  ///< made when it is asked for

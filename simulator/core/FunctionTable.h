@@ -91,8 +91,8 @@ inline constexpr std::array<FunctionRow, kFunctionRowCount> kFunctionRows{{
     readingRow(102, "part-number", 32, Reading::PartNumber, "Text, filled up with '^'."),
     wordRow(106, "max-agc-gain", 0, 255, 12, "Bound of automatic gain control."),
     wordRow(114, "video-standard", 0, 5, 0, "Timing of analog video."),
-    radiometryRow("radiometry-resolution", 0x10, "1 is the high resolution."),
-    radiometryRow("radiometry-mode", 0x40, "1 makes pixels linear in temperature."),
+    radiometryRow("radiometry-resolution", kRadiometryResolution, "1 is the high resolution."),
+    radiometryRow("radiometry-mode", kRadiometryMode, "1 makes pixels linear in temperature."),
     memoryRow(210, "read-memory", MemoryOperation::Read, 6, 6, "Address and length, 4 and 2 bytes; 1 to 256 bytes."),
     memoryRow(211, "write-memory", MemoryOperation::Write, 5, 132, "Address, 4 bytes, and 1 to 128 bytes."),
     memoryRow(212, "erase-block", MemoryOperation::Erase, 2, 2, "Block number; the answer comes when it is done."),
@@ -104,11 +104,13 @@ inline constexpr std::array<FunctionRow, kFunctionRowCount> kFunctionRows{{
         .selectedBy(0x01, {{0x00, 0x01, 0x00, 0x11}, 4}, {}),
     wordRow(226, "function-226", 0, 255, 0, "A number without effect."),
     wordRow(227, "spatial-threshold", 0, 0x01FF, 0x0100, "A threshold byte, with an automatic flag above it."),
-    objectParameterRow("emissivity", 0x00, 4096, 8192, 8192, "8192ths, 0.5 to 1."),
+    objectParameterRow("emissivity", kEmissivity, 4096, 8192, 8192, "8192ths, 0.5 to 1."),
     objectParameterRow("object-parameter-2", 0x01, 0, 0xFFFF, 0, "A word without effect."),
     objectParameterRow("object-parameter-3", 0x02, 0, 0xFFFF, 0, "A word without effect."),
-    objectParameterRow("atmospheric-temperature", 0x05, 0, 12000, 2200, "Hundredths of a degree Celsius, to 120."),
-    objectParameterRow("reflected-temperature", 0x07, 0, 60000, 2200, "Hundredths of a degree Celsius, to 600."),
+    objectParameterRow("atmospheric-temperature", kAtmosphericTemperature, 0, 12000, 2200,
+                       "Hundredths of a degree Celsius, to 120."),
+    objectParameterRow("reflected-temperature", kReflectedTemperature, 0, 60000, 2200,
+                       "Hundredths of a degree Celsius, to 600."),
 }};
 
 namespace detail {

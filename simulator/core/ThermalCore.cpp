@@ -125,6 +125,7 @@ CoreVideo ThermalCore::videoNow(uint64_t block_id, uint64_t now_ns) {
   video.drift_millikelvin = static_cast<int32_t>(std::lround(state_.driftCelsius(now_ns) * 1000.0));
   // The other slot's table leaves other columns and rows uncorrected.
   video.offset_seed = options_.seed + settings.word(FunctionCode::LensSlot) * kSlotSeedStep;
+  video.response = state_.response(now_ns);
   video.pattern = static_cast<CorePattern>(settings.word(FunctionCode::TestPattern));
   const uint16_t mirrors = settings.word(FunctionCode::InvertRevert);
   video.upside_down = (mirrors & kUpsideDownBit) != 0;

@@ -49,13 +49,18 @@ uint16_t patternValue(CorePattern pattern, ImageSize sensor, uint32_t x, uint32_
   return static_cast<uint16_t>(value());
 }
 
-void addOffsets(ImageSize window, const CoreVideo& video, std::vector<uint16_t>& picture) {
+/// `counts_per_sensor_count` says how large the sensor's offsets are in the picture.
+void addOffsets(ImageSize window, const CoreVideo& video, double counts_per_sensor_count,
+                std::vector<uint16_t>& picture) {
   const int32_t drift = std::clamp(video.drift_millikelvin, -kLargestDriftMillikelvin, kLargestDriftMillikelvin);
   if (drift == 0) return;
+  const auto counts = [&](int32_t offset) {
+    return static_cast<int32_t>(offset * drift / 1000.0 * counts_per_sensor_count);
+  };
   std::vector<int32_t> columns(window.width);
-  for (uint32_t x = 0; x < window.width; ++x) columns[x] = columnOffset(video.offset_seed, x) * drift / 1000;
+  for (uint32_t x = 0; x < window.width; ++x) columns[x] = counts(columnOffset(video.offset_seed, x));
   for (uint32_t y = 0; y < window.height; ++y) {
-    const int32_t row_counts = rowOffset(video.offset_seed, y) * drift / 1000;
+    const int32_t row_counts = counts(rowOffset(video.offset_seed, y));
     uint16_t* row = picture.data() + std::size_t{y} * window.width;
     for (uint32_t x = 0; x < window.width; ++x) {
       row[x] = static_cast<uint16_t>(
@@ -64,17 +69,28 @@ void addOffsets(ImageSize window, const CoreVideo& video, std::vector<uint16_t>&
   }
 }
 
+/// The place on the sensor of a pixel of the picture, counted row by row.
+std::size_t sensorPixel(ImageSize sensor, uint32_t x, uint32_t y, const CoreVideo& video) {
+  const uint32_t from_x = video.left_to_right ? sensor.width - 1 - x : x;
+  const uint32_t from_y = video.upside_down ? sensor.height - 1 - y : y;
+  return std::size_t{from_y} * sensor.width + from_x;
+}
+
 /// The top left part of the mirrored sensor, of which `whole` is the picture.
 std::vector<uint16_t> mirrored(const std::vector<uint16_t>& whole, ImageSize sensor, ImageSize window,
                                const CoreVideo& video) {
-  std::vector<uint16_t> picture(std::size_t{window.width} * window.height);
+  std::vector<uint16_t> picture;
+  picture.reserve(std::size_t{window.width} * window.height);
   for (uint32_t y = 0; y < window.height; ++y) {
-    const uint32_t from_y = video.upside_down ? sensor.height - 1 - y : y;
-    const uint16_t* from = whole.data() + std::size_t{from_y} * sensor.width;
-    uint16_t* row = picture.data() + std::size_t{y} * window.width;
-    for (uint32_t x = 0; x < window.width; ++x) row[x] = from[video.left_to_right ? sensor.width - 1 - x : x];
+    for (uint32_t x = 0; x < window.width; ++x) picture.push_back(whole[sensorPixel(sensor, x, y, video)]);
   }
   return picture;
+}
+
+void checkWindow(ImageSize sensor, ImageSize window) {
+  if (window.width == 0 || window.height == 0 || window.width > sensor.width || window.height > sensor.height) {
+    throw std::invalid_argument("the window does not fit the sensor");
+  }
 }
 
 std::vector<uint16_t> renderPattern(ImageSize sensor, ImageSize window, CorePattern pattern) {
@@ -94,17 +110,15 @@ int32_t rowOffset(uint64_t offset_seed, uint32_t row) { return offsetOf(scramble
 
 std::vector<uint16_t> renderVideo(const Scene& scene, uint32_t width, uint32_t height, const CoreVideo& video) {
   const ImageSize sensor = scene.settings().sensor;
-  if (width == 0 || height == 0 || width > sensor.width || height > sensor.height) {
-    throw std::invalid_argument("the window does not fit the sensor");
-  }
+  const ImageSize window{width, height};
+  checkWindow(sensor, window);
   const bool mirrors = video.upside_down || video.left_to_right;
   // A mirrored window shows another part of the sensor, so the whole of it is needed.
-  const ImageSize window{width, height};
   const ImageSize seen = mirrors ? sensor : window;
   std::vector<uint16_t> picture;
   if (video.pattern == CorePattern::Off) {
-    picture = scene.render(seen.width, seen.height, video.scene_block);
-    addOffsets(seen, video, picture);
+    picture = scene.render(seen.width, seen.height, video.scene_block, TestPattern::Off, video.response);
+    addOffsets(seen, video, scene.countsPerSensorCount(video.response), picture);
   } else {
     picture = renderPattern(sensor, seen, video.pattern);
   }
@@ -113,6 +127,23 @@ std::vector<uint16_t> renderVideo(const Scene& scene, uint32_t width, uint32_t h
     for (uint16_t& value : picture) value = static_cast<uint16_t>(value & video.value_mask);
   }
   return picture;
+}
+
+std::vector<double> trueTemperatures(const Scene& scene, uint32_t width, uint32_t height, const CoreVideo& video) {
+  const TemperatureScene* const temperatures = scene.temperatures();
+  if (temperatures == nullptr) throw std::invalid_argument("the moving scene has no temperatures");
+  const ImageSize sensor = scene.settings().sensor;
+  checkWindow(sensor, {width, height});
+  std::vector<double> celsius;
+  celsius.reserve(std::size_t{width} * height);
+  for (uint32_t y = 0; y < height; ++y) {
+    for (uint32_t x = 0; x < width; ++x) {
+      const std::size_t pixel = sensorPixel(sensor, x, y, video);
+      celsius.push_back(temperatures->celsiusAt(static_cast<uint32_t>(pixel % sensor.width),
+                                                static_cast<uint32_t>(pixel / sensor.width), video.scene_block));
+    }
+  }
+  return celsius;
 }
 
 }  // namespace simulator
