@@ -1,8 +1,5 @@
 #include "simulator/scene/PixelResponse.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "simulator/calibration/TemperatureCorrection.h"
 
 namespace simulator {
@@ -48,7 +45,5 @@ double PixelResponse::countsPerSensorCount(double celsius) const {
   const double high = truth_.object_part * blackBodyRadiance(celsius + 0.5, gain_) + truth_.added_radiance;
   return (linearCounts(high) - linearCounts(low)) / ((high - low) * kHighGain.counts_per_radiance);
 }
-
-uint16_t pixelOf(double counts) { return static_cast<uint16_t>(std::lround(std::clamp(counts, 0.0, kLargestCount))); }
 
 }  // namespace simulator

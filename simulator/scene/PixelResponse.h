@@ -11,7 +11,7 @@ class PixelResponse {
  public:
   PixelResponse(const TemperatureSceneSettings& settings, const CoreResponse& core);
 
-  /// The value, not rounded, and not held in 14 bits. A host with the scene's surroundings and the lens' calibration
+  /// The value, not rounded and not held in 14 bits. A host with the scene's surroundings and the lens' calibration
   /// makes `celsius` of it again.
   double countsFor(double celsius) const;
 
@@ -29,8 +29,5 @@ class PixelResponse {
   Sight truth_;   ///< what the sensor gets
   Sight belief_;  ///< what the core takes it for
 };
-
-/// As a core sends it: rounded to nearest, and held at the ends of 14 bits.
-uint16_t pixelOf(double counts);
 
 }  // namespace simulator

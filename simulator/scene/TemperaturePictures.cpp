@@ -14,7 +14,15 @@ constexpr double kStep_kelvin = 0.05;
 }  // namespace
 
 TemperaturePictures::TemperaturePictures(const TemperatureSceneSettings& settings, ImageSize sensor)
-    : scene_(settings, sensor), sensor_(sensor) {}
+    : scene_(settings, sensor), sensor_(sensor) {
+  rise_kelvin_.reserve(std::size_t{sensor.width} * sensor.height);
+  for (uint32_t y = 0; y < sensor.height; ++y) {
+    for (uint32_t x = 0; x < sensor.width; ++x) {
+      // Whatever it is rounded to, it must lie in the table.
+      rise_kelvin_.push_back(std::max(0.0, scene_.celsiusWhenHot(x, y) - scene_.lowestCelsius()));
+    }
+  }
+}
 
 void TemperaturePictures::render(ImageSize window, uint64_t frame, const CoreResponse& core,
                                  std::vector<uint16_t>& picture) const {
@@ -23,10 +31,10 @@ void TemperaturePictures::render(ImageSize window, uint64_t frame, const CoreRes
     table_ = tableFor(core);
     core_ = core;
     still_.resize(scene_.still() ? std::size_t{sensor_.width} * sensor_.height : 0);
-    if (scene_.still()) renderRows(sensor_, frame, table_, still_);
+    if (scene_.still()) renderRows(sensor_, 1.0, still_);
   }
   if (!scene_.still()) {
-    renderRows(window, frame, table_, picture);
+    renderRows(window, scene_.heatAt(frame), picture);
     return;
   }
   for (std::size_t y = 0; y < window.height; ++y) {
@@ -43,27 +51,29 @@ TemperaturePictures::ValueTable TemperaturePictures::tableFor(const CoreResponse
   const PixelResponse response(scene_.settings(), core);
   const double span_kelvin = scene_.highestCelsius() - scene_.lowestCelsius();
   const double steps = std::max(1.0, std::ceil(span_kelvin / kStep_kelvin));
-  ValueTable table{scene_.lowestCelsius(), span_kelvin > 0 ? steps / span_kelvin : 0.0, {}};
+  ValueTable table{span_kelvin > 0 ? steps / span_kelvin : 0.0, {}};
   table.counts.reserve(static_cast<std::size_t>(steps) + 1);
   for (double step = 0; step <= steps; ++step) {
     const double celsius = scene_.lowestCelsius() + span_kelvin * step / steps;
-    table.counts.push_back(static_cast<float>(response.countsFor(celsius)));
+    const double counts = std::clamp(response.countsFor(celsius), 0.0, kLargestCount);
+    table.counts.push_back(static_cast<float>(counts));
   }
   return table;
 }
 
-uint16_t TemperaturePictures::ValueTable::pixelFor(double celsius) const {
-  const double at = std::max(0.0, (celsius - first_celsius) * steps_per_kelvin);
-  const std::size_t step = std::min(static_cast<std::size_t>(at), counts.size() - 2);
-  const double below = counts[step];
-  return pixelOf(below + (counts[step + 1] - below) * (at - static_cast<double>(step)));
-}
-
-void TemperaturePictures::renderRows(ImageSize window, uint64_t frame, const ValueTable& table,
-                                     std::vector<uint16_t>& picture) const {
-  uint16_t* out = picture.data();
-  for (uint32_t y = 0; y < window.height; ++y) {
-    for (uint32_t x = 0; x < window.width; ++x) *out++ = table.pixelFor(scene_.celsiusAt(x, y, frame));
+void TemperaturePictures::renderRows(ImageSize window, double heat, std::vector<uint16_t>& picture) const {
+  const float* const counts = table_.counts.data();
+  const auto last = static_cast<uint32_t>(table_.counts.size() - 2);
+  const double steps_per_kelvin = heat * table_.steps_per_kelvin;
+  for (std::size_t y = 0; y < window.height; ++y) {
+    const double* const rise_kelvin = rise_kelvin_.data() + y * sensor_.width;
+    uint16_t* const out = picture.data() + y * window.width;
+    for (std::size_t x = 0; x < window.width; ++x) {
+      const double at = rise_kelvin[x] * steps_per_kelvin;
+      const uint32_t step = std::min(static_cast<uint32_t>(at), last);
+      const double below = counts[step];
+      out[x] = static_cast<uint16_t>(below + (counts[step + 1] - below) * (at - step) + 0.5);
+    }
   }
 }
 

@@ -30,17 +30,16 @@ class TemperaturePictures {
  private:
   /// Values by temperature, in equal steps from the scene's lowest.
   struct ValueTable {
-    double first_celsius;
     double steps_per_kelvin;
-    std::vector<float> counts;
-    uint16_t pixelFor(double celsius) const;
+    std::vector<float> counts;  ///< held in 14 bits, not rounded
   };
   ValueTable tableFor(const CoreResponse& core) const;
-  void renderRows(ImageSize window, uint64_t frame, const ValueTable& table, std::vector<uint16_t>& picture) const;
+  void renderRows(ImageSize window, double heat, std::vector<uint16_t>& picture) const;
 
   TemperatureScene scene_;
   ImageSize sensor_;
-  mutable std::mutex mutex_;  ///< guards what follows
+  std::vector<double> rise_kelvin_;  ///< of every pixel when hot, above the scene's lowest
+  mutable std::mutex mutex_;         ///< guards what follows
   mutable std::optional<CoreResponse> core_;
   mutable ValueTable table_{};
   mutable std::vector<uint16_t> still_;  ///< the whole sensor's picture

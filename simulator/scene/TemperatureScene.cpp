@@ -23,29 +23,28 @@ struct Place {
   double height;
 };
 
-using Temperature = double (*)(const TemperatureSceneSettings& scene, const Place& place, double frame);
+using Temperature = double (*)(const TemperatureSceneSettings& scene, const Place& place);
 
 double between(const TemperatureSceneSettings& scene, double part) {
   return scene.low_celsius + (scene.high_celsius - scene.low_celsius) * part;
 }
 
-double uniform(const TemperatureSceneSettings& scene, const Place&, double) { return scene.low_celsius; }
+double uniform(const TemperatureSceneSettings& scene, const Place&) { return scene.low_celsius; }
 
-double gradient(const TemperatureSceneSettings& scene, const Place& place, double) {
+double gradient(const TemperatureSceneSettings& scene, const Place& place) {
   const auto part = [](double at, double length) { return (at - 0.5) / std::max(1.0, length - 1); };
   return between(scene, (part(place.x, place.width) + part(place.y, place.height)) / 2);
 }
 
-double hotSpot(const TemperatureSceneSettings& scene, const Place& place, double frame) {
+double hotSpot(const TemperatureSceneSettings& scene, const Place& place) {
   const double radius = scene.size * place.height / 2;
   const double distance = std::hypot(place.x - scene.x * place.width, place.y - scene.y * place.height);
   // Outside it cools down within as much as its radius.
   const double beyond = std::max(0.0, distance / radius - 1);
-  const double heat = scene.period_frames > 0 ? (1 - std::cos(2 * kPi * frame / scene.period_frames)) / 2 : 1.0;
-  return between(scene, heat * std::exp(-2 * beyond * beyond));
+  return between(scene, std::exp(-2 * beyond * beyond));
 }
 
-double blackbodies(const TemperatureSceneSettings& scene, const Place& place, double) {
+double blackbodies(const TemperatureSceneSettings& scene, const Place& place) {
   const double space = place.width / scene.plates;
   const double half_side = kPlatePart / 2 * std::min(space, place.height);
   const double plate = std::floor(place.x / space);
@@ -68,9 +67,14 @@ TemperatureScene::TemperatureScene(const TemperatureSceneSettings& settings, Ima
   }
 }
 
-double TemperatureScene::celsiusAt(uint32_t x, uint32_t y, uint64_t frame) const {
+double TemperatureScene::celsiusWhenHot(uint32_t x, uint32_t y) const {
   const Temperature temperature = kTemperatures[static_cast<std::size_t>(settings_.shape)];
-  return temperature(settings_, {x + 0.5, y + 0.5, width_, height_}, static_cast<double>(frame));
+  return temperature(settings_, {x + 0.5, y + 0.5, width_, height_});
+}
+
+double TemperatureScene::heatAt(uint64_t frame) const {
+  if (still()) return 1.0;
+  return (1 - std::cos(2 * kPi * static_cast<double>(frame) / settings_.period_frames)) / 2;
 }
 
 bool TemperatureScene::still() const { return settings_.shape != SceneShape::HotSpot || settings_.period_frames == 0; }

@@ -44,9 +44,16 @@ class TemperatureScene {
   TemperatureScene(const TemperatureSceneSettings& settings, ImageSize sensor);
 
   /// The temperature of what the pixel sees, in the frame of this block id.
-  double celsiusAt(uint32_t x, uint32_t y, uint64_t frame) const;
+  double celsiusAt(uint32_t x, uint32_t y, uint64_t frame) const {
+    return lowestCelsius() + (celsiusWhenHot(x, y) - lowestCelsius()) * heatAt(frame);
+  }
 
-  /// All frames are alike.
+  /// The same in two parts, which are the place's and the frame's: how warm it gets, and how much of that it is, 0
+  /// to 1.
+  double celsiusWhenHot(uint32_t x, uint32_t y) const;
+  double heatAt(uint64_t frame) const;
+
+  /// All frames are alike: their heat is 1.
   bool still() const;
   double lowestCelsius() const;
   double highestCelsius() const;

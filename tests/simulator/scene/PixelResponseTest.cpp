@@ -91,15 +91,6 @@ TEST_F(PixelResponses, CoreThatTakesAllForReflection_SeesNothing) {
   EXPECT_EQ(counts(-40), 0);
 }
 
-TEST_F(PixelResponses, Pixels_AreRoundedAndHeldInFourteenBits) {
-  EXPECT_EQ(pixelOf(4999.5), 5000);
-  EXPECT_EQ(pixelOf(4999.49), 4999);
-  EXPECT_EQ(pixelOf(-3), 0);
-  EXPECT_EQ(pixelOf(16383.4), 16383);
-  EXPECT_EQ(pixelOf(1e9), 16383);
-  EXPECT_EQ(pixelOf(counts(200)), 16383);
-}
-
 TEST_F(PixelResponses, LensWithACalibration_GivesWhatItsCorrectionTurnsIntoTheTruth) {
   CalibrationOptions options;
   options.sensor = {8, 8};

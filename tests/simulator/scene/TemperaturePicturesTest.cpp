@@ -80,6 +80,19 @@ TEST(TemperaturePictures, WellKnownCounts_ComeOut) {
   EXPECT_EQ(render(sceneOf("uniform:celsius=19.45"), 1, core), Picture(64 * 48, 7315));
 }
 
+TEST(TemperaturePictures, Values_AreRoundedToNearestAndHeldInFourteenBits) {
+  // 54.5217 degrees are 5000.002 counts; a count here is 0.0172 degrees.
+  EXPECT_EQ(render(sceneOf("uniform:celsius=54.5298"), 1, {})[0], 5000);
+  EXPECT_EQ(render(sceneOf("uniform:celsius=54.5304"), 1, {})[0], 5001);
+  EXPECT_EQ(render(sceneOf("uniform:celsius=200"), 1, {})[0], 16383);
+  CoreResponse core;
+  core.scale = PixelScale::KelvinTimes25;
+  core.object = {0.95, 20, 20};
+  EXPECT_EQ(render(sceneOf("uniform:celsius=400"), 1, core)[0], 16383);
+  core.object.reflected_celsius = 600;
+  EXPECT_EQ(render(sceneOf("uniform:celsius=-40"), 1, core)[0], 0);
+}
+
 TEST(TemperaturePictures, Window_IsTheTopLeftOfTheWholePicture) {
   for (const char* text : {"gradient", "hot-spot:period=9"}) {
     const Scene scene = sceneOf(text);
