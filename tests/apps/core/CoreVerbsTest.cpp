@@ -1,36 +1,8 @@
 // The verbs of the thermal core on the command line.
-#include <gtest/gtest.h>
-
-#include "apps/keocam/CommandLine.h"
+#include "ParsedVerbs.h"
 
 namespace keocam::cli {
 namespace {
-
-using Arguments = std::vector<std::string>;
-
-template <typename Options>
-Options optionsOf(const Arguments& arguments) {
-  const auto parsed = parseCommandLine(arguments);
-  if (const auto* const answer = std::get_if<Answer>(&parsed)) {
-    ADD_FAILURE() << answer->text;
-    return {};
-  }
-  const auto* const options = std::get_if<Options>(&std::get<Invocation>(parsed).command);
-  if (options != nullptr) return *options;
-  ADD_FAILURE() << "another verb was understood";
-  return {};
-}
-
-std::string refusalOf(const Arguments& arguments) {
-  const auto parsed = parseCommandLine(arguments);
-  const auto* const answer = std::get_if<Answer>(&parsed);
-  if (answer == nullptr) {
-    ADD_FAILURE() << "there is something to run";
-    return "";
-  }
-  EXPECT_EQ(answer->status, ExitStatus::Usage);
-  return answer->text;
-}
 
 TEST(CoreVerbs, Get_TakesNamesAndOptions) {
   const auto all = optionsOf<GetOptions>({"get"});

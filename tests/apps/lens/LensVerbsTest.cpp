@@ -4,36 +4,10 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "apps/keocam/CommandLine.h"
+#include "../core/ParsedVerbs.h"
 
 namespace keocam::cli {
 namespace {
-
-using Arguments = std::vector<std::string>;
-
-template <typename Options>
-Options optionsOf(const Arguments& arguments) {
-  const auto parsed = parseCommandLine(arguments);
-  if (const auto* const answer = std::get_if<Answer>(&parsed)) {
-    ADD_FAILURE() << answer->text;
-    return {};
-  }
-  const auto* const options = std::get_if<Options>(&std::get<Invocation>(parsed).command);
-  if (options != nullptr) return *options;
-  ADD_FAILURE() << "another verb was understood";
-  return {};
-}
-
-std::string refusalOf(const Arguments& arguments) {
-  const auto parsed = parseCommandLine(arguments);
-  const auto* const answer = std::get_if<Answer>(&parsed);
-  if (answer == nullptr) {
-    ADD_FAILURE() << "there is something to run";
-    return "";
-  }
-  EXPECT_EQ(answer->status, ExitStatus::Usage);
-  return answer->text;
-}
 
 TEST(LensVerbs, Set_TakesNameAndOptions) {
   const auto options = optionsOf<LensSetOptions>({"lens", "set", "L25mm", "-c", "A", "--calibrations", "/data"});
