@@ -10,6 +10,7 @@
 #include "apps/keocam/calibration/CalibrationVerbs.h"
 #include "apps/keocam/core/CoreVerbs.h"
 #include "apps/keocam/lens/LensVerbs.h"
+#include "apps/keocam/temperature/TemperatureVerbs.h"
 #include "apps/keocam/terminal/PrintableText.h"
 #include "apps/keocam/terminal/Suggestion.h"
 
@@ -26,6 +27,7 @@ constexpr double kLongest_s = 1e8;
 
 std::vector<Verb> allVerbs() {
   std::vector<Verb> verbs{kList, kStream};
+  for (const Verb& verb : temperatureVerbs()) verbs.push_back(verb);
   for (const Verb& verb : coreVerbs()) verbs.push_back(verb);
   verbs.push_back(lensVerb());
   verbs.push_back(calibrationVerb());
@@ -144,6 +146,7 @@ std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>
   app.footer(footer());
   addList(app, invocation.command);
   addStream(app, invocation.command);
+  addTemperatureVerbs(app, invocation.command);
   addCoreVerbs(app, invocation.command);
   addLensVerbs(app, invocation.command);
   addCalibrationVerbs(app, invocation.command);

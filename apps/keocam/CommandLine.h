@@ -20,6 +20,7 @@
 #include "apps/keocam/lens/LensCurrentCommand.h"
 #include "apps/keocam/lens/LensListCommand.h"
 #include "apps/keocam/lens/LensSetCommand.h"
+#include "apps/keocam/temperature/MeasureCommand.h"
 
 namespace keocam::cli {
 
@@ -30,7 +31,8 @@ struct SimulateOptions {
 /// The options of the verb.
 using Command = std::variant<ListOptions, StreamOptions, SimulateOptions, GetOptions, SetOptions, FfcOptions,
                              InfoOptions, ResetOptions, DefaultsOptions, FactoryDefaultsOptions, LensListOptions,
-                             LensCurrentOptions, LensSetOptions, CalibrationShowOptions, CalibrationCheckOptions>;
+                             LensCurrentOptions, LensSetOptions, CalibrationShowOptions, CalibrationCheckOptions,
+                             MeasureOptions>;
 
 /// What the user asked for.
 struct Invocation {

@@ -20,6 +20,9 @@ class DataOutput {
   /// dropped. Throws CommandFailure for a full disk and the like.
   void write(const std::string& data);
 
+  /// False once a reader has gone away: nobody is left to go on for.
+  bool hasReader() const { return data_.good(); }
+
  private:
   class Discard : public std::streambuf {
    protected:

@@ -14,6 +14,12 @@ inline std::string jsonText(const nlohmann::ordered_json& value) {
   return value.dump(kIndent, ' ', kAsciiOnly, nlohmann::ordered_json::error_handler_t::replace) + '\n';
 }
 
+/// The same on one line.
+inline std::string jsonLine(const nlohmann::ordered_json& value) {
+  constexpr int kOneLine = -1;
+  return value.dump(kOneLine, ' ', true, nlohmann::ordered_json::error_handler_t::replace) + '\n';
+}
+
 /// `value` to three decimals: more would be noise.
 inline double toThousandths(double value) { return std::round(value * 1000.0) / 1000.0; }
 

@@ -35,6 +35,10 @@ class CoreSession {
   /// Only once connected.
   CameraSerialSettings& core() { return *core_; }
 
+  /// The connected device, and what describes it. Only once connected.
+  PvDevice& device() { return *device_; }
+  const PvDeviceInfo& info() const { return *search_.infos()[chosen_]; }
+
   /// One no-operation; prints nothing.
   ResponseStatuses ask();
 

@@ -1,0 +1,82 @@
+#include "apps/keocam/temperature/TemperatureVerbs.h"
+
+#include "apps/keocam/temperature/NumberText.h"
+#include "apps/keocam/temperature/RangeNames.h"
+
+namespace keocam::cli {
+namespace {
+
+constexpr Verb kMeasure{"measure", "Temperatures of parts of the picture",
+                        "keocam measure bearing=box:100,80,40,30 spot:320,256 --emissivity 0.9"};
+
+constexpr const char* kMeasureNotes =
+    "REGION is one of these, in pixels from the top left, with NAME= before it to give\n"
+    "it a name; without any, the whole picture and its centre are measured:\n"
+    "  spot:X,Y[,RADIUS]              box:X,Y,WIDTH,HEIGHT\n"
+    "  ellipse:X,Y,RADIUS_X,RADIUS_Y  line:X1,Y1,X2,Y2\n"
+    "  polygon:X1,Y1,X2,Y2,X3,Y3,...\n\n"
+    "Object parameters hold for this run; without them the core's are used, of a core\n"
+    "that has none 0.95, 20 °C, 20 °C, 1 m, 50%. Nothing changes on the core.\n\n";
+
+// The library's own checks let "nan" pass.
+CLI::Validator numberFrom(double lowest, double highest) {
+  const auto check = [lowest, highest](const std::string& text) -> std::string {
+    const std::optional<double> value = numberIn(text);
+    if (value && *value >= lowest && *value <= highest) return {};
+    return "it must be a number from " + shortText(lowest, 3) + " to " + shortText(highest, 3);
+  };
+  return CLI::Validator(check, "");
+}
+
+void addLensOptions(CLI::App& app, std::string& calibrations, std::optional<std::string>& lens) {
+  addCalibrationsOption(app, calibrations);
+  app.add_option("--lens", lens, "The lens; else the one whose tables the core holds")->type_name("NAME");
+}
+
+void addThermometerOptions(CLI::App& app, ThermometerOptions& options) {
+  addCameraOption(app, options.serial_number);
+  addLensOptions(app, options.calibrations, options.lens);
+  app.add_option("--range", options.range, "The core's range: low, middle or high; else by its gain")
+      ->type_name("RANGE")
+      ->check(CLI::IsMember(rangeNames()).description(""));
+  app.add_option("--unit", options.unit, "C, K or F; C if not given")->type_name("UNIT");
+  ObjectArguments& object = options.object;
+  app.add_option("--emissivity", object.emissivity, "Of the object, 0.01 to 1")->type_name("E");
+  app.add_option("--reflected", object.reflected, "Temperature of what the object reflects")->type_name("T");
+  app.add_option("--atmosphere", object.atmosphere, "Temperature of the air in between")->type_name("T");
+  app.add_option("--distance", object.distance, "To the object, in metres")->type_name("M");
+  app.add_option("--humidity", object.humidity, "Of the air, as 50% or as 0.5")->type_name("H");
+}
+
+void addMeasure(CLI::App& app, Command& chosen) {
+  const auto [command, options] = addVerbWithOptions<MeasureOptions>(app, kMeasure, chosen, kMeasureNotes);
+  command->add_option("REGION", options.regions, "Parts of the picture; see below")->type_name("");
+  addThermometerOptions(*command, options.thermometer);
+  command->add_option("-p,--percentile", options.percents, "A percentile too, 0 to 100; may be repeated")
+      ->type_name("P")
+      ->expected(1)
+      ->take_all()
+      ->check(numberFrom(0.0, 100.0));
+  command->add_option("--histogram", options.histogram_bins, "A histogram of each region with N bins")
+      ->type_name("N")
+      ->check(CLI::Range(1, 1000).description(""));
+  CLI::Option* const watch = command->add_flag("-w,--watch", options.watch, "Measure again and again, until Ctrl-C");
+  command->add_option("-i,--interval", options.interval_s, "Seconds from one to the next; 1 if not given")
+      ->type_name("S")
+      ->needs(watch)
+      ->check(numberFrom(0.0, 86'400.0));
+  command->add_option("-n,--count", options.count, "Stop after N measurements")
+      ->type_name("N")
+      ->needs(watch)
+      ->check(CLI::Range(uint64_t{1}, uint64_t{1} << 48U, "").description(""));
+  CLI::Option* const json = command->add_flag("--json", options.json, "Print an object on a line");
+  command->add_flag("--csv", options.csv, "Print comma-separated values")->excludes(json);
+}
+
+}  // namespace
+
+std::vector<Verb> temperatureVerbs() { return {kMeasure}; }
+
+void addTemperatureVerbs(CLI::App& app, Command& chosen) { addMeasure(app, chosen); }
+
+}  // namespace keocam::cli

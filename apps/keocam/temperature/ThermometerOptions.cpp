@@ -1,0 +1,14 @@
+#include "apps/keocam/temperature/ThermometerOptions.h"
+
+#include "apps/keocam/CommandFailure.h"
+#include "apps/keocam/terminal/PrintableText.h"
+
+namespace keocam::cli {
+
+const DisplayUnit& unitIn(const ThermometerOptions& options) {
+  const DisplayUnit* const unit = findUnit(options.unit);
+  if (unit != nullptr) return *unit;
+  throw CommandFailure(ExitStatus::Usage, "--unit takes C, K or F, not " + inQuotes(options.unit) + ".");
+}
+
+}  // namespace keocam::cli
