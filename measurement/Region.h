@@ -50,7 +50,7 @@ struct Polygon {
 };
 
 /// The pixels of Bresenham's line, both ends included, one in each column, or in each row if it is steep: 8-connected.
-/// It has the same pixels from either end.
+/// It has the same pixels from either end: half way between two it takes the one farther right or down.
 struct Line {
   int x1 = 0;
   int y1 = 0;

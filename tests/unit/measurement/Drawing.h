@@ -1,6 +1,7 @@
 // Regions drawn as text, for tests to compare.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "measurement/RegionSpans.h"
@@ -15,7 +16,7 @@ inline std::string draw(const keocam::Region& region, int width, int height) {
   for (int y = 0; y < height; ++y) text += row;
   for (const keocam::RowSpan& span : laid_out.spans()) {
     for (int x = span.x_begin; x < span.x_end; ++x) {
-      char& pixel = text.at(static_cast<std::size_t>(span.y * (width + 1) + x));
+      char& pixel = text[static_cast<std::size_t>(std::ptrdiff_t{span.y} * (width + 1) + x)];
       pixel = pixel == '.' ? '#' : '2';
     }
   }

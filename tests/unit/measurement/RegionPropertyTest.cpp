@@ -1,6 +1,8 @@
 // Random regions against definitions that ask every pixel by itself.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdlib>
 #include <random>
 
@@ -71,7 +73,9 @@ struct Contains {
     const int distance = 2 * (across * length - along * rise);
     return along >= 0 && along <= length && distance > -length && distance <= length;
   }
-  bool operator()(const Mask& mask) const { return mask.pixels[static_cast<std::size_t>(p.y * mask.width + p.x)] != 0; }
+  bool operator()(const Mask& mask) const {
+    return mask.pixels[static_cast<std::size_t>(std::ptrdiff_t{p.y} * mask.width + p.x)] != 0;
+  }
 };
 
 std::string drawSlowly(const Region& region, int width, int height) {

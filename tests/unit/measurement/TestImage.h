@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <utility>
 #include <vector>
 
 #include "measurement/TemperatureImage.h"
@@ -26,7 +27,7 @@ struct TestImage {
             std::vector<Value>(static_cast<std::size_t>(image_width) * static_cast<std::size_t>(image_height), value)) {
   }
 
-  Value& at(int x, int y) { return values.at(static_cast<std::size_t>(y * width + x)); }
+  Value& at(int x, int y) { return values[static_cast<std::size_t>(std::ptrdiff_t{y} * width + x)]; }
   keocam::TemperatureImage<Value> view() const { return {values.data(), width, height}; }
 };
 
