@@ -23,9 +23,10 @@ struct TransferProgress {
 };
 
 /// Called on the caller's thread before each block and piece and once at the end of each phase. False cancels: nothing
-/// more is sent for the tables, and the call that transfers returns. So at the end of a phase it leaves that table as
-/// the phase did: whole, if it was the last one of the table. At the end of the second table's last phase it comes too
-/// late, and the change is completed. It must neither use the camera nor replace the calibration in force.
+/// more is sent for the tables, and the call that transfers returns. At the end of a phase it leaves the table as that
+/// phase has made it: erased, written whole, or verified. At the end of the second table's last phase it comes too
+/// late, and the change is completed: all that is left is to have the tables used. It must neither use the camera nor
+/// replace the calibration in force.
 using TransferObserver = std::function<bool(const TransferProgress&)>;
 
 enum class TableState : uint8_t {
