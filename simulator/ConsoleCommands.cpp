@@ -7,6 +7,7 @@
 
 #include "simulator/ConsoleWords.h"
 #include "simulator/CoreConsole.h"
+#include "simulator/SceneConsole.h"
 
 namespace simulator {
 namespace {
@@ -107,6 +108,7 @@ std::string helpText() {
   std::string text = "Commands, with a camera's number in front or for all cameras:\n";
   for (const FaultKnob& knob : faultKnobs()) text += usageLine(knob.name, knob.arguments, knob.help);
   for (const Command& command : kCommands) text += usageLine(command.name, command.arguments, command.help);
+  text += sceneUsageText();
   text += coreHelpText();
   text += usageLine("status", "", "Who controls the camera, and all counters that are not 0");
   return text + usageLine("quit", "", "End the program");
@@ -121,6 +123,7 @@ std::string apply(SimulatedCamera& camera, const std::string& name, const Words&
   for (const Command& command : kCommands) {
     if (command.name == name) return command.effect(camera, arguments) ? "" : wrongArguments(name, command.arguments);
   }
+  if (const auto said = executeSceneCommand(camera, name, arguments)) return *said;
   if (const auto said = executeCoreCommand(camera, name, arguments)) return *said;
   return "unknown command '" + name + "'; \"help\" lists them\n";
 }

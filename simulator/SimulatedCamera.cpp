@@ -91,7 +91,7 @@ struct SimulatedCamera::Parts {
       : options(checked(chosen)),
         own(ownAddress(options)),
         faults(options.faults, options.seed),
-        stream(own.ip, sceneOf(options), options.core, faults, statistics),
+        stream(own.ip, std::make_shared<Scene>(sceneOf(options)), options.core, faults, statistics),
         device(identityOf(options, own, stream.sourcePort()), stream, peerOf(options), options.uart_pacing, statistics),
         control(own, device, device_mutex, faults, statistics) {}
 
@@ -115,7 +115,15 @@ std::string SimulatedCamera::model() const { return modelOf(parts_->options); }
 
 std::array<uint8_t, 6> SimulatedCamera::macAddress() const { return macOf(parts_->own.ip); }
 
-SceneSettings SimulatedCamera::sceneSettings() const { return sceneOf(parts_->options); }
+SceneSettings SimulatedCamera::sceneSettings() const { return scene()->settings(); }
+
+std::shared_ptr<const Scene> SimulatedCamera::scene() const { return parts_->stream.scene(); }
+
+uint64_t SimulatedCamera::show(const std::optional<TemperatureSceneSettings>& temperatures) {
+  SceneSettings settings = sceneOf(parts_->options);
+  settings.temperatures = temperatures;
+  return parts_->stream.show(std::make_shared<Scene>(settings));
+}
 
 Faults& SimulatedCamera::faults() { return parts_->faults; }
 

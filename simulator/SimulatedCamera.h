@@ -49,6 +49,12 @@ class SimulatedCamera {
   /// Without a core Scene(sceneSettings()).render(...) recomputes streamed frames; with one renderVideo() does, from
   /// this scene and the core's videoOf() the frame's block.
   SceneSettings sceneSettings() const;
+  std::shared_ptr<const Scene> scene() const;
+
+  /// Another scene in degrees, or the moving one, from the next frame on, also while the shutter is closed. Returns
+  /// that frame's block id, which is 1 if the host begins a new stream before it. Throws std::invalid_argument for a
+  /// scene that does not serve; the one before stays.
+  uint64_t show(const std::optional<TemperatureSceneSettings>& temperatures);
 
   Faults& faults();
   Statistics statistics() const;

@@ -19,14 +19,14 @@ uint64_t periodNs(const StreamSettings& settings) {
 
 }  // namespace
 
-StreamSender::StreamSender(uint32_t own_ip, const SceneSettings& scene, std::shared_ptr<VideoSource> video,
+StreamSender::StreamSender(uint32_t own_ip, std::shared_ptr<const Scene> scene, std::shared_ptr<VideoSource> video,
                            Faults& faults, StatisticsBoard& statistics)
     : socket_(own_ip, 0, Sharing::Exclusive),
-      scene_(scene),
       video_(std::move(video)),
       faults_(faults),
       statistics_(statistics),
       sender_(socket_, statistics),
+      scene_(std::move(scene)),
       thread_([this] { run(); }) {}
 
 StreamSender::~StreamSender() {
@@ -37,6 +37,17 @@ StreamSender::~StreamSender() {
   }
   changed_.notify_all();
   thread_.join();
+}
+
+uint16_t StreamSender::show(std::shared_ptr<const Scene> scene) {
+  const Lock lock(mutex_);
+  scene_ = std::move(scene);
+  return next_block_;
+}
+
+std::shared_ptr<const Scene> StreamSender::scene() const {
+  const Lock lock(mutex_);
+  return scene_;
 }
 
 void StreamSender::apply(const StreamSettings& settings) {
@@ -157,6 +168,7 @@ bool StreamSender::waitForFrame(Lock& lock, uint64_t& last_start_ns) {
 
 std::shared_ptr<const StreamFrame> StreamSender::makeFrame(Lock& lock) {
   const StreamSettings settings = settings_;
+  const std::shared_ptr<const Scene> scene = scene_;
   auto frame = std::make_shared<StreamFrame>();
   frame->block_id = next_block_;
   next_block_ = nextBlockId(next_block_);
@@ -164,19 +176,20 @@ std::shared_ptr<const StreamFrame> StreamSender::makeFrame(Lock& lock) {
   frame->timestamp_ns = monotonicNs();
   frame->size = settings.window;
   frame->packet_data_bytes = settings.packet_size_bytes - kGvspOverheadBytes;
-  frame->pixels = render(settings, frame->block_id);
+  frame->pixels = render(*scene, settings, frame->block_id);
   lock.lock();
   return frame;
 }
 
-std::vector<uint16_t> StreamSender::render(const StreamSettings& settings, uint16_t block_id) const {
+std::vector<uint16_t> StreamSender::render(const Scene& scene, const StreamSettings& settings,
+                                           uint16_t block_id) const {
   const ImageSize window = settings.window;
-  if (!video_) return scene_.render(window.width, window.height, block_id, settings.pattern);
+  if (!video_) return scene.render(window.width, window.height, block_id, settings.pattern);
   const CoreVideo video = video_->nextVideo(block_id);
   // The camera's own pattern takes the place of what the core sends.
   if (settings.pattern != TestPattern::Off)
-    return scene_.render(window.width, window.height, block_id, settings.pattern);
-  return renderVideo(scene_, window.width, window.height, video);
+    return scene.render(window.width, window.height, block_id, settings.pattern);
+  return renderVideo(scene, window.width, window.height, video);
 }
 
 void StreamSender::sendFrame(Lock& lock, const std::shared_ptr<const StreamFrame>& frame, const BurstPlan& plan) {

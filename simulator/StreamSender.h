@@ -10,6 +10,7 @@
 
 #include "simulator/FrameHistory.h"
 #include "simulator/PacketSender.h"
+#include "simulator/Scene.h"
 #include "simulator/StreamControl.h"
 #include "simulator/StreamPlan.h"
 #include "simulator/VideoSource.h"
@@ -20,7 +21,7 @@ namespace simulator {
 class StreamSender final : public StreamControl {
  public:
   /// `video` may be null: then the pictures are the scene's.
-  StreamSender(uint32_t own_ip, const SceneSettings& scene, std::shared_ptr<VideoSource> video, Faults& faults,
+  StreamSender(uint32_t own_ip, std::shared_ptr<const Scene> scene, std::shared_ptr<VideoSource> video, Faults& faults,
                StatisticsBoard& statistics);
   ~StreamSender() override;
   StreamSender(const StreamSender&) = delete;
@@ -28,6 +29,10 @@ class StreamSender final : public StreamControl {
 
   /// The port that all packets come from, for as long as this object lives.
   uint16_t sourcePort() const { return socket_.port(); }
+
+  /// The next frame shows another scene. Returns its block id.
+  uint16_t show(std::shared_ptr<const Scene> scene);
+  std::shared_ptr<const Scene> scene() const;
 
   void apply(const StreamSettings& settings) override;
   void restartBlockIds() override;
@@ -50,12 +55,11 @@ class StreamSender final : public StreamControl {
   bool waitForFrame(Lock& lock, uint64_t& last_start_ns);
   void sendFrame(Lock& lock, const std::shared_ptr<const StreamFrame>& frame, const BurstPlan& plan);
   std::shared_ptr<const StreamFrame> makeFrame(Lock& lock);
-  std::vector<uint16_t> render(const StreamSettings& settings, uint16_t block_id) const;
+  std::vector<uint16_t> render(const Scene& scene, const StreamSettings& settings, uint16_t block_id) const;
   void waitUntil(Lock& lock, uint64_t until_ns);
   void sendDuePackets(Lock& lock, uint64_t now_ns);
 
   UdpSocket socket_;
-  const Scene scene_;
   const std::shared_ptr<VideoSource> video_;
   Faults& faults_;
   StatisticsBoard& statistics_;
@@ -64,6 +68,7 @@ class StreamSender final : public StreamControl {
 
   mutable std::mutex mutex_;  ///< guards everything below
   std::condition_variable changed_;
+  std::shared_ptr<const Scene> scene_;
   StreamSettings settings_;
   uint16_t next_block_ = 1;
   bool acquiring_ = false;
