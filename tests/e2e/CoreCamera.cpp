@@ -20,6 +20,7 @@ simulator::CameraOptions withCore(const CoreCameraOptions& options) {
   core.shutter_ms = options.shutter_ms;
   core.reset_ms = options.reset_ms;
   core.log_entries = kLogEntries;
+  core.thermal.sensor.start_celsius = options.core_celsius;
   core.thermal.still = true;
   if (options.flash) core.flash.geometry = *options.flash;
   camera.core = std::make_shared<simulator::ThermalCore>(core);

@@ -19,6 +19,7 @@ struct CoreCameraOptions {
   uint32_t shutter_ms = 300;
   uint32_t reset_ms = 300;
   std::optional<simulator::FlashGeometry> flash;  ///< else the sensor's
+  double core_celsius = 25.0;                     ///< and stays so
 };
 
 class CoreCamera {
@@ -27,6 +28,7 @@ class CoreCamera {
 
   Camera& camera() { return camera_; }
   CameraSerialSettings& core() { return core_; }
+  simulator::SimulatedCamera& simulated() { return simulated_; }
   simulator::ThermalCore& simulatedCore() { return *simulated_.options().core; }
   /// A check of this camera's frames that knows what the core does to them.
   FrameCheck frameCheck() { return FrameCheck(simulated_.sceneSettings(), simulated_.options().core); }
