@@ -44,8 +44,8 @@ struct Ellipse {
 };
 
 /// The pixels whose centres are on the closed outline through the centres of these, or inside it by the even-odd rule:
-/// where the outline crosses itself, what it winds around twice is outside. At least 3 corners;
-/// to lay it out takes time in proportion to its corners times the image's rows.
+/// where the outline crosses itself, what it winds around twice is outside. At least 3 corners.
+/// Laying it out takes time in proportion to its corners times the image's rows.
 struct Polygon {
   std::vector<Pixel> corners;
 };
