@@ -1,9 +1,9 @@
 # Debian packages that the scripts need, and their installation. Read by the other scripts.
 
 # To build everything.
-build_packages="g++ cmake ninja-build pkg-config libaravis-dev libusb-1.0-0-dev libcli11-dev nlohmann-json3-dev libpng-dev zlib1g-dev"
+build_packages="g++ cmake ninja-build pkg-config libaravis-dev libusb-1.0-0-dev libcli11-dev nlohmann-json3-dev libpng-dev libtiff-dev zlib1g-dev"
 # To test: also peers that others wrote, and the tools that make a network namespace.
-test_packages="libgtest-dev libgmock-dev aravis-tools aravis-tools-cli iproute2 util-linux"
+test_packages="libgtest-dev libgmock-dev aravis-tools aravis-tools-cli iproute2 libtiff-tools util-linux"
 demo_packages="iproute2 util-linux"
 bench_packages="libbenchmark-dev"
 format_packages="clang-format"

@@ -1,7 +1,13 @@
 #include "apps/keocam/picture/BitmapFont.h"
 
+#include <algorithm>
+
 namespace keocam::cli {
 namespace {
+
+// The sign for degrees in UTF-8: what is drawn is the second byte, the first takes no room.
+constexpr char kLeadByte = '\xC2';
+constexpr char kDegree = '\xB0';
 
 struct GlyphRow {
   char character;
@@ -51,6 +57,7 @@ constexpr GlyphRow kGlyphs[] = {
     {'_', {"     ", "     ", "     ", "     ", "     ", "     ", "#####"}},
     {'.', {"     ", "     ", "     ", "     ", "     ", " ##  ", " ##  "}},
     {':', {"     ", " ##  ", " ##  ", "     ", " ##  ", " ##  ", "     "}},
+    {kDegree, {" ##  ", "#  # ", "#  # ", " ##  ", "     ", "     ", "     "}},
     {'/', {"    #", "    #", "   # ", "  #  ", " #   ", "#    ", "#    "}},
 };
 
@@ -87,6 +94,7 @@ Glyph glyphOf(char c) {
 
 void drawText(RgbImage& image, std::size_t x, std::size_t y, std::string_view text, std::size_t scale, Rgb colour) {
   for (const char c : text) {
+    if (c == kLeadByte) continue;
     const Glyph glyph = glyphOf(c);
     for (std::size_t row = 0; row < kGlyphHeight; ++row) {
       for (std::size_t dot = 0; dot < kGlyphWidth; ++dot) {
@@ -97,8 +105,19 @@ void drawText(RgbImage& image, std::size_t x, std::size_t y, std::string_view te
   }
 }
 
+std::string_view firstGlyphs(std::string_view text, std::size_t glyphs) {
+  std::size_t end = 0;
+  for (; end < text.size(); ++end) {
+    if (text[end] == kLeadByte) continue;
+    if (glyphs == 0) break;
+    --glyphs;
+  }
+  return text.substr(0, end);
+}
+
 std::size_t textWidth(std::string_view text, std::size_t scale) {
-  return text.empty() ? 0 : (text.size() * kGlyphAdvance - (kGlyphAdvance - kGlyphWidth)) * scale;
+  const auto glyphs = text.size() - static_cast<std::size_t>(std::count(text.begin(), text.end(), kLeadByte));
+  return glyphs == 0 ? 0 : (glyphs * kGlyphAdvance - (kGlyphAdvance - kGlyphWidth)) * scale;
 }
 
 }  // namespace keocam::cli

@@ -67,11 +67,50 @@ Palette makePalette() {
   return palette;
 }
 
+Palette makeGreys(bool white_is_hot) {
+  Palette palette;
+  for (std::size_t i = 0; i < palette.size(); ++i) {
+    const auto level = static_cast<uint8_t>(white_is_hot ? i : palette.size() - 1 - i);
+    palette[i] = {level, level, level};
+  }
+  return palette;
+}
+
+const Palette& whiteHot() {
+  static const Palette palette = makeGreys(true);
+  return palette;
+}
+
+const Palette& blackHot() {
+  static const Palette palette = makeGreys(false);
+  return palette;
+}
+
+struct PaletteRow {
+  const char* name;
+  const Palette& (*palette)();
+};
+
+constexpr PaletteRow kPalettes[] = {{"thermal", thermalPalette}, {"white-hot", whiteHot}, {"black-hot", blackHot}};
+
 }  // namespace
 
 const Palette& thermalPalette() {
   static const Palette palette = makePalette();
   return palette;
+}
+
+const Palette* findPalette(std::string_view name) {
+  for (const PaletteRow& row : kPalettes) {
+    if (name == row.name) return &row.palette();
+  }
+  return nullptr;
+}
+
+std::vector<std::string> paletteNames() {
+  std::vector<std::string> names;
+  for (const PaletteRow& row : kPalettes) names.emplace_back(row.name);
+  return names;
 }
 
 double lightnessOf(const Rgb& colour) {

@@ -1,10 +1,9 @@
 #include "apps/keocam/picture/ScaleBar.h"
 
 #include <algorithm>
-#include <string>
+#include <cmath>
 
 #include "apps/keocam/picture/BitmapFont.h"
-#include "apps/keocam/picture/Palette.h"
 
 namespace keocam::cli {
 namespace {
@@ -18,38 +17,36 @@ constexpr std::size_t kTextScale = 2;
 constexpr std::size_t kTextHeight = kGlyphHeight * kTextScale;
 constexpr std::size_t kLeastTickDistance = 3 * kTextHeight;
 
-// The distance of `counts` from the top of a bar.
-std::size_t rowOf(uint16_t counts, const RawSpan& span, std::size_t height) {
-  return height - 1 - stepOf(counts, span, height);
+// The distance of a place on the scale from the top of a bar.
+std::size_t rowOf(double part, std::size_t height) {
+  return height - 1 - static_cast<std::size_t>(std::lround(part * static_cast<double>(height - 1)));
 }
 
-void drawGradient(RgbImage& image, std::size_t x, std::size_t y, std::size_t height) {
-  const Palette& palette = thermalPalette();
+void drawGradient(RgbImage& image, std::size_t x, std::size_t y, std::size_t height, const Palette& palette) {
   for (std::size_t row = 0; row < height; ++row) {
     const std::size_t from_bottom = height - 1 - row;
     image.fill(x, y + row, kBarWidth, 1, palette[from_bottom * (palette.size() - 1) / (height - 1)]);
   }
 }
 
-void drawTick(RgbImage& image, std::size_t x, std::size_t y, std::size_t height, std::size_t row, uint16_t counts) {
-  const std::size_t tick_row = std::min(row, height - kTickHeight);
+void drawTick(RgbImage& image, std::size_t x, std::size_t y, std::size_t height, const ScaleTick& tick) {
+  const std::size_t tick_row = std::min(rowOf(tick.part, height), height - kTickHeight);
   image.fill(x, y + tick_row, kTickWidth, kTickHeight, kInk);
   // The number is centred on its tick, but never beyond the bar's ends.
   const std::size_t half = kTextHeight / 2;
   const std::size_t text_row = std::clamp(tick_row + kTickHeight / 2, half, height - half) - half;
-  drawText(image, x + kTickWidth + kGap, y + text_row, std::to_string(counts), kTextScale, kInk);
+  drawText(image, x + kTickWidth + kGap, y + text_row, tick.label, kTextScale, kInk);
 }
 
 }  // namespace
 
-std::size_t scaleBarWidth() { return kBarWidth + kTickWidth + kGap + textWidth("65535", kTextScale); }
+std::size_t scaleBarWidth() { return kBarWidth + kTickWidth + kGap + textWidth("-40.05", kTextScale); }
 
-void drawScaleBar(RgbImage& image, std::size_t x, std::size_t y, std::size_t height, const RawSpan& span) {
-  drawGradient(image, x, y, height);
-  const std::size_t most_ticks = std::max<std::size_t>(2, height / kLeastTickDistance);
-  for (const uint16_t tick : ticksOf(span, most_ticks)) {
-    drawTick(image, x + kBarWidth, y, height, rowOf(tick, span, height), tick);
-  }
+std::size_t mostTicks(std::size_t height) { return std::max<std::size_t>(2, height / kLeastTickDistance); }
+
+void drawScaleBar(RgbImage& image, std::size_t x, std::size_t y, std::size_t height, const ColourScale& scale) {
+  drawGradient(image, x, y, height, *scale.palette);
+  for (const ScaleTick& tick : scale.ticks) drawTick(image, x + kBarWidth, y, height, tick);
 }
 
 }  // namespace keocam::cli

@@ -16,22 +16,23 @@ constexpr std::size_t kNarrow = 400;
 constexpr std::size_t kMargin = 12;
 constexpr std::size_t kTextScale = 2;
 
-void drawFrame(RgbImage& picture, const PictureLayout& layout, const RawImage& image, const RawSpan& span) {
-  const Palette& palette = thermalPalette();
+void drawFrame(RgbImage& picture, const PictureLayout& layout, const PictureContent& content) {
   const std::size_t size = layout.enlargement;
-  for (std::size_t y = 0; y < image.height; ++y) {
-    for (std::size_t x = 0; x < image.width; ++x) {
-      const Rgb colour = palette[stepOf(image.counts[y * image.width + x], span, palette.size())];
-      picture.fill(layout.frame_x + x * size, layout.frame_y + y * size, size, size, colour);
+  for (std::size_t y = 0; y < content.height; ++y) {
+    for (std::size_t x = 0; x < content.width; ++x) {
+      picture.fill(layout.frame_x + x * size, layout.frame_y + y * size, size, size,
+                   content.pixels[y * content.width + x]);
     }
   }
 }
 
-std::string captionOf(const RawImage& image, const std::string& title, std::size_t available_width) {
-  const std::string caption =
-      "raw counts  " + title + "  " + std::to_string(image.width) + " x " + std::to_string(image.height);
-  const std::size_t fits = available_width / (kGlyphAdvance * kTextScale);
-  return caption.substr(0, fits);
+ColourScale scaleOf(const RawSpan& span, std::size_t most_ticks) {
+  ColourScale scale{&thermalPalette(), {}};
+  const double width = span.high_counts - span.low_counts;
+  for (const uint16_t tick : ticksOf(span, most_ticks)) {
+    scale.ticks.push_back({(tick - span.low_counts) / width, std::to_string(tick)});
+  }
+  return scale;
 }
 
 }  // namespace
@@ -53,15 +54,25 @@ PictureLayout layoutOf(std::size_t frame_width, std::size_t frame_height) {
   return layout;
 }
 
-RgbImage thermalPicture(const RawImage& image, const std::string& title) {
-  const PictureLayout layout = layoutOf(image.width, image.height);
-  const RawSpan span = spanOf(image.counts);
+RgbImage composed(const PictureContent& content) {
+  const PictureLayout layout = layoutOf(content.width, content.height);
   RgbImage picture(layout.width, layout.height, kBackground);
-  drawFrame(picture, layout, image, span);
-  drawScaleBar(picture, layout.bar_x, layout.bar_y, layout.bar_height, span);
-  const std::string caption = captionOf(image, title, layout.width - 2 * kMargin);
-  drawText(picture, layout.caption_x, layout.caption_y, caption, kTextScale, kInk);
+  drawFrame(picture, layout, content);
+  drawScaleBar(picture, layout.bar_x, layout.bar_y, layout.bar_height, content.scale);
+  const std::size_t fits = (layout.width - 2 * kMargin) / (kGlyphAdvance * kTextScale);
+  drawText(picture, layout.caption_x, layout.caption_y, firstGlyphs(content.caption, fits), kTextScale, kInk);
   return picture;
+}
+
+RgbImage thermalPicture(const RawImage& image, const std::string& title) {
+  const Palette& palette = thermalPalette();
+  const RawSpan span = spanOf(image.counts);
+  PictureContent content{image.width, image.height, {}, {}, {}};
+  content.pixels.reserve(image.counts.size());
+  for (const uint16_t counts : image.counts) content.pixels.push_back(palette[stepOf(counts, span, palette.size())]);
+  content.scale = scaleOf(span, mostTicks(layoutOf(image.width, image.height).bar_height));
+  content.caption = "raw counts  " + title + "  " + std::to_string(image.width) + " x " + std::to_string(image.height);
+  return composed(content);
 }
 
 }  // namespace keocam::cli

@@ -3,8 +3,10 @@
 
 #include <cstddef>
 #include <string>
+#include <vector>
 
 #include "apps/keocam/frames/RawFrame.h"
+#include "apps/keocam/picture/ColourScale.h"
 #include "apps/keocam/picture/RgbImage.h"
 
 namespace keocam::cli {
@@ -26,8 +28,20 @@ struct PictureLayout {
 /// Frames narrower than 400 pixels are shown at twice their size.
 PictureLayout layoutOf(std::size_t frame_width, std::size_t frame_height);
 
-/// The frame in the colours of the thermal palette, scaled to its own span, with a scale bar to the right and below it
-/// a caption: "raw counts", `title`, and the frame's size. The image must have pixels.
+/// A frame whose colours are known.
+struct PictureContent {
+  std::size_t width;
+  std::size_t height;
+  std::vector<Rgb> pixels;  ///< row by row; there must be some
+  ColourScale scale;
+  std::string caption;  ///< cut off where it is longer than the picture is wide
+};
+
+/// The frame with its scale bar to the right and its caption below.
+RgbImage composed(const PictureContent& content);
+
+/// The frame in the colours of the thermal palette, scaled to its own span; the caption is "raw counts", `title`, and
+/// the frame's size. The image must have pixels.
 RgbImage thermalPicture(const RawImage& image, const std::string& title);
 
 }  // namespace keocam::cli

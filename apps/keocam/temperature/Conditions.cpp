@@ -61,9 +61,9 @@ std::string conditionSummary(const Conditions& conditions, const DisplayUnit& un
   const auto temperature = [&](double kelvin) {
     return shortText(kelvinIn(unit, kelvin), kTemperatureDecimals) + ' ' + unit.symbol;
   };
-  std::string text = "Range " + rangeName(conditions.range) + ", emissivity " +
-                     shortText(object.emissivity, kFractionDecimals) + ", reflected " +
-                     temperature(object.reflectedTemperature) + ", atmosphere " +
+  std::string text = (conditions.lens.empty() ? "Range " : "Lens " + conditions.lens + ", range ") +
+                     rangeName(conditions.range) + ", emissivity " + shortText(object.emissivity, kFractionDecimals) +
+                     ", reflected " + temperature(object.reflectedTemperature) + ", atmosphere " +
                      temperature(object.atmosphericTemperature);
   if (conditions.by_core) return text + ", computed by the core";
   constexpr double kPercent = 100.0;

@@ -2,6 +2,7 @@
 
 #include "apps/keocam/temperature/NumberText.h"
 #include "apps/keocam/temperature/RangeNames.h"
+#include "apps/keocam/temperature/Snapshot.h"
 
 namespace keocam::cli {
 namespace {
@@ -9,12 +10,17 @@ namespace {
 constexpr Verb kMeasure{"measure", "Temperatures of parts of the picture",
                         "keocam measure bearing=box:100,80,40,30 spot:320,256 --emissivity 0.9"};
 
+constexpr Verb kSnapshot{"snapshot", "One frame as a file: temperatures or a picture",
+                         "keocam snapshot pump.tiff --emissivity 0.9"};
+
 constexpr const char* kMeasureNotes =
     "REGION is one of these, in pixels from the top left, with NAME= before it to give\n"
     "it a name; without any, the whole picture and its centre are measured:\n"
     "  spot:X,Y[,RADIUS]              box:X,Y,WIDTH,HEIGHT\n"
     "  ellipse:X,Y,RADIUS_X,RADIUS_Y  line:X1,Y1,X2,Y2\n"
-    "  polygon:X1,Y1,X2,Y2,X3,Y3,...\n\n"
+    "  polygon:X1,Y1,X2,Y2,X3,Y3,...\n\n";
+
+constexpr const char* kObjectNotes =
     "Object parameters hold for this run; without them the core's are used, of a core\n"
     "that has none 0.95, 20 °C, 20 °C, 1 m, 50%. Nothing changes on the core.\n\n";
 
@@ -24,6 +30,13 @@ CLI::Validator numberFrom(double lowest, double highest) {
     const std::optional<double> value = numberIn(text);
     if (value && *value >= lowest && *value <= highest) return {};
     return "it must be a number from " + shortText(lowest, 3) + " to " + shortText(highest, 3);
+  };
+  return CLI::Validator(check, "");
+}
+
+CLI::Validator rangeNamed() {
+  const auto check = [](const std::string& text) -> std::string {
+    return findRange(text) ? "" : "it must be one of " + rangeNamesText();
   };
   return CLI::Validator(check, "");
 }
@@ -38,7 +51,7 @@ void addThermometerOptions(CLI::App& app, ThermometerOptions& options) {
   addLensOptions(app, options.calibrations, options.lens);
   app.add_option("--range", options.range, "The core's range: low, middle or high; else by its gain")
       ->type_name("RANGE")
-      ->check(CLI::IsMember(rangeNames()).description(""));
+      ->check(rangeNamed());
   app.add_option("--unit", options.unit, "C, K or F; C if not given")->type_name("UNIT");
   ObjectArguments& object = options.object;
   app.add_option("--emissivity", object.emissivity, "Of the object, 0.01 to 1")->type_name("E");
@@ -49,7 +62,8 @@ void addThermometerOptions(CLI::App& app, ThermometerOptions& options) {
 }
 
 void addMeasure(CLI::App& app, Command& chosen) {
-  const auto [command, options] = addVerbWithOptions<MeasureOptions>(app, kMeasure, chosen, kMeasureNotes);
+  const auto [command, options] =
+      addVerbWithOptions<MeasureOptions>(app, kMeasure, chosen, std::string(kMeasureNotes) + kObjectNotes);
   command->add_option("REGION", options.regions, "Parts of the picture; see below")->type_name("");
   addThermometerOptions(*command, options.thermometer);
   command->add_option("-p,--percentile", options.percents, "A percentile too, 0 to 100; may be repeated")
@@ -73,10 +87,24 @@ void addMeasure(CLI::App& app, Command& chosen) {
   command->add_flag("--csv", options.csv, "Print comma-separated values")->excludes(json);
 }
 
+void addSnapshot(CLI::App& app, Command& chosen) {
+  const auto [command, options] =
+      addVerbWithOptions<SnapshotOptions>(app, kSnapshot, chosen, snapshotFormats() + '\n' + kObjectNotes);
+  command->add_option("FILE", options.path, "What to write; its extension tells the format")->type_name("")->required();
+  addThermometerOptions(*command, options.thermometer);
+  command->add_option("--palette", options.palette, "Of a picture: thermal, white-hot or black-hot")->type_name("NAME");
+  command->add_option("--span", options.span, "Temperatures at the ends of a picture's palette")
+      ->type_name("LOW HIGH")
+      ->expected(2);
+}
+
 }  // namespace
 
-std::vector<Verb> temperatureVerbs() { return {kMeasure}; }
+std::vector<Verb> temperatureVerbs() { return {kMeasure, kSnapshot}; }
 
-void addTemperatureVerbs(CLI::App& app, Command& chosen) { addMeasure(app, chosen); }
+void addTemperatureVerbs(CLI::App& app, Command& chosen) {
+  addMeasure(app, chosen);
+  addSnapshot(app, chosen);
+}
 
 }  // namespace keocam::cli
