@@ -19,15 +19,22 @@ inline std::optional<int32_t> findLens(const std::string& name) {
   return static_cast<int32_t>(found - calibrationVect.begin());
 }
 
+/// CameraSerialSettings::setLensReady as isSetLensReady() and LensNotReady use it: another thread may look meanwhile.
+inline bool lensReady(const CameraSerialSettings& core) {
+  return __atomic_load_n(&core.setLensReady, __ATOMIC_ACQUIRE);
+}
+
 /// While it lives, isSetLensReady() is false.
 class LensNotReady {
  public:
-  explicit LensNotReady(CameraSerialSettings& core) : core_(core) { core_.setLensReady = false; }
-  ~LensNotReady() { core_.setLensReady = true; }
+  explicit LensNotReady(CameraSerialSettings& core) : core_(core) { store(false); }
+  ~LensNotReady() { store(true); }
   LensNotReady(const LensNotReady&) = delete;
   LensNotReady& operator=(const LensNotReady&) = delete;
 
  private:
+  void store(bool ready) { __atomic_store_n(&core_.setLensReady, ready, __ATOMIC_RELEASE); }
+
   CameraSerialSettings& core_;
 };
 

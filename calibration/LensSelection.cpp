@@ -39,7 +39,7 @@ int CameraSerialSettings::SetLens(std::string name) {
   return 1;
 }
 
-bool CameraSerialSettings::isSetLensReady() { return setLensReady; }
+bool CameraSerialSettings::isSetLensReady() { return keocam::lensReady(*this); }
 
 bool CameraSerialSettings::GetHighRangeLensAvailable() {
   if (calibrationVect.empty()) return false;

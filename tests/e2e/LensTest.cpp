@@ -2,7 +2,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
+#include <future>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "calibration/Calibration.h"
@@ -44,6 +47,18 @@ class LensEndToEnd : public testing::Test {
     ASSERT_EQ(calibrationVect[0].sffcTableSize, static_cast<int32_t>(table_bytes));
   }
 
+  /// Whether the beginning and the end of a change of lenses, which takes seconds, are seen from this thread.
+  static bool seesAChange(CameraSerialSettings& core) {
+    const auto give_up = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+    for (const bool ready : {false, true}) {
+      while (core.isSetLensReady() != ready) {
+        if (std::chrono::steady_clock::now() > give_up) return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+      }
+    }
+    return true;
+  }
+
   static testing::AssertionResult holds(const simulator::ThermalCore& core, const CalibrationStruct& lens) {
     const auto size = static_cast<std::size_t>(lens.sffcTableSize);
     const uint8_t* const tables[] = {lens.sffcLowRange, lens.sffcHighRange};
@@ -64,7 +79,10 @@ TEST_F(LensEndToEnd, SetLens_WhileFramesStream_FlashIsTheRecord_AndIsFoundAgainA
   EXPECT_EQ(camera.core().CheckCameraSffc(), -1) << "the flash is erased";
   {
     e2e::BackgroundFrames frames(camera);
+    std::future<bool> polled = std::async(std::launch::async, [&core = camera.core()] { return seesAChange(core); });
     EXPECT_EQ(camera.core().SetLens("L50mm"), 1);
+    EXPECT_TRUE(polled.get());
+    EXPECT_TRUE(camera.core().isSetLensReady());
     EXPECT_TRUE(frames.finish(100));
   }
   EXPECT_TRUE(holds(camera.simulatedCore(), calibrationVect[1]));
