@@ -21,6 +21,7 @@
 #include "apps/keocam/lens/LensListCommand.h"
 #include "apps/keocam/lens/LensSetCommand.h"
 #include "apps/keocam/temperature/MeasureCommand.h"
+#include "apps/keocam/temperature/RangeCommand.h"
 #include "apps/keocam/temperature/SnapshotCommand.h"
 
 namespace keocam::cli {
@@ -33,7 +34,7 @@ struct SimulateOptions {
 using Command = std::variant<ListOptions, StreamOptions, SimulateOptions, GetOptions, SetOptions, FfcOptions,
                              InfoOptions, ResetOptions, DefaultsOptions, FactoryDefaultsOptions, LensListOptions,
                              LensCurrentOptions, LensSetOptions, CalibrationShowOptions, CalibrationCheckOptions,
-                             MeasureOptions, SnapshotOptions>;
+                             MeasureOptions, SnapshotOptions, RangeShowOptions, RangeSetOptions>;
 
 /// What the user asked for.
 struct Invocation {

@@ -5,6 +5,7 @@
 #include "apps/keocam/calibration/CalibrationVerbs.h"
 #include "apps/keocam/core/CoreVerbs.h"
 #include "apps/keocam/lens/LensVerbs.h"
+#include "apps/keocam/temperature/TemperatureVerbs.h"
 #include "apps/keocam/terminal/PrintableText.h"
 #include "apps/keocam/terminal/Suggestion.h"
 
@@ -22,6 +23,7 @@ struct VerbGroup {
 constexpr VerbGroup kGroups[] = {
     {kCoreVerb, namesBehindCore, "keocam core info --camera SERIAL"},
     {kLensVerb, namesBehindLens, "keocam lens current --camera SERIAL"},
+    {kRangeVerb, namesBehindRange, "keocam range show --camera SERIAL"},
     {kCalibrationVerb, namesBehindCalibration, "keocam calibration show FILE --json"},
 };
 

@@ -35,6 +35,8 @@ class Runner {
   ExitStatus operator()(const StreamOptions& options) { return runStreamCommand(options, console_, output_); }
   ExitStatus operator()(const MeasureOptions& options) { return runMeasure(options, console_, output_); }
   ExitStatus operator()(const SnapshotOptions& options) { return runSnapshot(options, console_); }
+  ExitStatus operator()(const RangeShowOptions& options) { return runRangeShow(options, console_, output_); }
+  ExitStatus operator()(const RangeSetOptions& options) { return runRangeSet(options, console_); }
   ExitStatus operator()(const SimulateOptions& options) { runSimulate(options.arguments); }
   ExitStatus operator()(const GetOptions& options) { return runGet(options, console_, output_); }
   ExitStatus operator()(const SetOptions& options) { return runSet(options, console_, output_); }

@@ -5,6 +5,7 @@
 
 #include "apps/keocam/CameraChoice.h"
 #include "apps/keocam/Json.h"
+#include "apps/keocam/temperature/RangeText.h"
 #include "apps/keocam/terminal/PrintableText.h"
 
 namespace keocam::cli {
@@ -38,6 +39,11 @@ Field textField(const char* label, const char* key, ResponseStatuses status, con
   return {label, key, status, printable(text), text};
 }
 
+Field gainField(const char* label, const char* key, const CoreValue<bool>& high) {
+  const std::string gain = high.value ? "high" : "low";
+  return {label, key, high.status, gain + " (" + rangesByGain(high.value) + " range)", gain};
+}
+
 Field temperatureField(const char* label, const char* key, const CoreValue<double>& celsius, int decimals) {
   return {label, key, celsius.status, celsiusText(celsius.value, decimals), toThousandths(celsius.value)};
 }
@@ -51,6 +57,7 @@ std::vector<Field> fieldsOf(const CoreInfo& info) {
       numberField("Sensor serial number", "sensor_serial_number", serials_status, serials.sensor),
       textField("Software version", "software_version", versions_status, versionText(versions.software)),
       textField("Firmware version", "firmware_version", versions_status, versionText(versions.firmware)),
+      gainField("Gain", "gain", info.high_gain),
       temperatureField("Sensor temperature", "sensor_temperature_celsius", info.sensor_temperature_celsius, 1),
       temperatureField("Housing temperature", "housing_temperature_celsius", info.housing_temperature_celsius, 2),
       temperatureField("Shutter temperature", "shutter_temperature_celsius", info.shutter_temperature_celsius, 2),

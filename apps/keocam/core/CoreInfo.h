@@ -15,6 +15,7 @@ struct CoreInfo {
   CoreValue<std::string> part_number{UNKNOWN_ERROR, {}};
   CoreValue<SerialNumbers> serial_numbers{UNKNOWN_ERROR, {}};
   CoreValue<Versions> versions{UNKNOWN_ERROR, {}};
+  CoreValue<bool> high_gain{UNKNOWN_ERROR, false};
   CoreValue<double> sensor_temperature_celsius{UNKNOWN_ERROR, 0.0};
   CoreValue<double> housing_temperature_celsius{UNKNOWN_ERROR, 0.0};
   CoreValue<double> shutter_temperature_celsius{UNKNOWN_ERROR, 0.0};

@@ -2,6 +2,7 @@
 
 #include "apps/keocam/core/CoreInfo.h"
 #include "apps/keocam/core/CoreSession.h"
+#include "radiometry/CoreRadiometry.h"
 
 namespace keocam::cli {
 namespace {
@@ -16,6 +17,7 @@ CoreInfo infoOf(CoreSession& session) {
   info.part_number = read(session, readPartNumber);
   info.serial_numbers = read(session, readSerialNumbers);
   info.versions = read(session, readVersions);
+  info.high_gain = read(session, readHighGain);
   info.sensor_temperature_celsius = read(session, readSensorTemperatureC);
   info.housing_temperature_celsius = read(session, readHousingTemperatureC);
   info.shutter_temperature_celsius = read(session, readShutterTemperatureC);

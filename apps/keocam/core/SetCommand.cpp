@@ -1,10 +1,10 @@
 #include "apps/keocam/core/SetCommand.h"
 
 #include "apps/keocam/core/CoreSession.h"
+#include "apps/keocam/core/RadiometrySettings.h"
 #include "apps/keocam/core/SettingWrites.h"
 #include "apps/keocam/terminal/Table.h"
 #include "serial/CheckedExchange.h"
-#include "serial/CoreSettings.h"
 
 namespace keocam::cli {
 namespace {
@@ -12,10 +12,10 @@ namespace {
 SettingAccess accessTo(CoreSession& session) {
   SettingAccess access;
   access.write = [&session](const SettingRow& setting, int value) {
-    return session.attempt([&] { return writeSetting(session.core(), setting, value); });
+    return session.attempt([&] { return writeListed(session.core(), setting, value); });
   };
   access.read = [&session](const SettingRow& setting) {
-    return session.attempt([&] { return readSetting(session.core(), setting); });
+    return session.attempt([&] { return readListed(session.core(), setting); });
   };
   access.correctFlatField = [&session] {
     return session.attempt([&] { return checkedWrite(session.core(), DO_FFC, nullptr, {}); });

@@ -4,11 +4,11 @@
 #include <variant>
 
 #include "apps/keocam/CommandFailure.h"
+#include "apps/keocam/core/RadiometrySettings.h"
 #include "apps/keocam/core/SettingText.h"
 #include "apps/keocam/terminal/PrintableText.h"
 #include "apps/keocam/terminal/Suggestion.h"
 #include "apps/keocam/terminal/WrappedTable.h"
-#include "serial/CoreSettings.h"
 
 namespace keocam::cli {
 namespace {
@@ -18,7 +18,7 @@ constexpr std::size_t kHelpColumns = 80;
 std::vector<std::string> namesLike(const std::string& text) {
   std::vector<std::string> all;
   std::vector<std::string> like;
-  for (const SettingRow* const setting : allSettings()) {
+  for (const SettingRow* const setting : listedSettings()) {
     all.emplace_back(setting->name);
     if (text.size() > 2 && all.back().find(text) != std::string::npos) like.push_back(all.back());
   }
@@ -49,7 +49,7 @@ class Complaints {
 void readAssignment(const std::string& argument, std::vector<Assignment>& assignments, Complaints& complaints) {
   const std::size_t sign = argument.find('=');
   const std::string name = argument.substr(0, sign);
-  const SettingRow* const setting = findSetting(name);
+  const SettingRow* const setting = findListed(name);
   if (setting == nullptr) return complaints.add(unknownText(name));
   if (sign == std::string::npos) {
     return complaints.add(name + " has no value: write " + name + "=VALUE. It takes: " + acceptedText(*setting) + ".");
@@ -64,7 +64,7 @@ void readAssignment(const std::string& argument, std::vector<Assignment>& assign
 
 std::string helpTable(const char* heading, std::string (*text)(const SettingRow&)) {
   std::vector<TableRow> rows;
-  for (const SettingRow* const setting : allSettings()) {
+  for (const SettingRow* const setting : listedSettings()) {
     rows.push_back({"", std::string(setting->name), text(*setting)});
   }
   return wrappedTable({"", "SETTING", heading}, rows, kHelpColumns);
@@ -73,12 +73,11 @@ std::string helpTable(const char* heading, std::string (*text)(const SettingRow&
 }  // namespace
 
 std::vector<const SettingRow*> settingsNamed(const std::vector<std::string>& names) {
-  const SettingRows all = allSettings();
-  if (names.empty()) return {all.begin(), all.end()};
+  if (names.empty()) return listedSettings();
   std::vector<const SettingRow*> settings;
   Complaints complaints;
   for (const std::string& name : names) {
-    settings.push_back(findSetting(name));
+    settings.push_back(findListed(name));
     if (settings.back() == nullptr) complaints.add(unknownText(name));
   }
   complaints.throwIfAny();

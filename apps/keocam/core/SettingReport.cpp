@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/keocam/Json.h"
+#include "apps/keocam/core/RadiometrySettings.h"
 #include "apps/keocam/core/SettingText.h"
 #include "apps/keocam/terminal/WrappedTable.h"
 
@@ -15,6 +16,7 @@ Json jsonOf(const SettingReading& reading) {
   const auto& [setting, value] = reading;
   if (!value.ok()) return nullptr;
   if (isSwitch(*setting)) return value.value != 0;
+  if (decimalsOf(*setting) > 0) return inUnits(*setting, value.value);
   if (setting->choices.empty()) return value.value;
   return valueText(*setting, value.value);
 }

@@ -5,6 +5,8 @@
 #include <optional>
 #include <vector>
 
+#include "apps/keocam/core/RadiometrySettings.h"
+#include "apps/keocam/temperature/NumberText.h"
 #include "apps/keocam/terminal/PrintableText.h"
 #include "apps/keocam/terminal/Suggestion.h"
 
@@ -37,10 +39,18 @@ std::optional<long long> choiceNamed(const SettingRow& setting, std::string_view
   return std::nullopt;
 }
 
+// A number within the setting's bounds, to the nearest step.
+std::optional<int> fractionOf(const SettingRow& setting, std::string_view text) {
+  const std::optional<double> number = numberIn(text);
+  const SettingRange range = listedRange(setting);
+  const bool fits = number && *number >= inUnits(setting, range.lowest) && *number <= inUnits(setting, range.highest);
+  return fits ? std::optional<int>(inSteps(setting, *number)) : std::nullopt;
+}
+
 std::vector<std::string> choiceNames(const SettingRow& setting) {
   std::vector<std::string> names;
   for (const SettingChoice& choice : setting.choices) {
-    if (hasValue(setting, choice.value)) names.emplace_back(choice.name);
+    if (hasListedValue(setting, choice.value)) names.emplace_back(choice.name);
   }
   return names;
 }
@@ -48,7 +58,9 @@ std::vector<std::string> choiceNames(const SettingRow& setting) {
 std::string refusalOf(const SettingRow& setting, std::string_view text) {
   const std::string name = setting.name;
   if (setting.choices.empty()) {
-    return name + " takes a whole number, " + acceptedText(setting) + ", not " + inQuotes(text) + ".";
+    const bool whole = decimalsOf(setting) == 0;
+    return name + " takes a " + (whole ? "whole " : "") + "number, " + acceptedText(setting) + ", not " +
+           inQuotes(text) + ".";
   }
   const std::string suggestion = didYouMean(text, choiceNames(setting));
   return name + " does not take " + inQuotes(text) + (suggestion.empty() ? "." : suggestion) +
@@ -66,13 +78,13 @@ std::string valueText(const SettingRow& setting, int value) {
   for (const SettingChoice& choice : setting.choices) {
     if (choice.value == value) return choice.name;
   }
-  return std::to_string(value);
+  return shortText(inUnits(setting, value), decimalsOf(setting));
 }
 
 std::string acceptedText(const SettingRow& setting) {
   if (setting.choices.empty()) {
-    const SettingRange range = rangeOf(setting);
-    return std::to_string(range.lowest) + " to " + std::to_string(range.highest);
+    const SettingRange range = listedRange(setting);
+    return valueText(setting, range.lowest) + " to " + valueText(setting, range.highest);
   }
   std::string text;
   for (const std::string& name : choiceNames(setting)) text += (text.empty() ? "" : ", ") + name;
@@ -80,10 +92,14 @@ std::string acceptedText(const SettingRow& setting) {
 }
 
 std::variant<int, std::string> parseValue(const SettingRow& setting, std::string_view text) {
+  if (decimalsOf(setting) > 0) {
+    const std::optional<int> value = fractionOf(setting, text);
+    return value ? std::variant<int, std::string>(*value) : refusalOf(setting, text);
+  }
   std::optional<long long> value = choiceNamed(setting, text);
   if (!value) value = numberOf(text);
   const bool fits = value && *value >= std::numeric_limits<int>::min() && *value <= std::numeric_limits<int>::max();
-  if (fits && hasValue(setting, static_cast<int>(*value))) return static_cast<int>(*value);
+  if (fits && hasListedValue(setting, static_cast<int>(*value))) return static_cast<int>(*value);
   return refusalOf(setting, text);
 }
 

@@ -1,5 +1,6 @@
 #include "apps/keocam/core/SettingWrites.h"
 
+#include "apps/keocam/core/RadiometrySettings.h"
 #include "apps/keocam/core/SettingText.h"
 #include "apps/keocam/core/StatusText.h"
 #include "serial/FunctionCodes.h"
@@ -19,13 +20,19 @@ std::string unsentText(const std::vector<Assignment>& assignments, std::size_t f
   return text.empty() ? text : text + ".";
 }
 
+std::string settingAdvice(const SettingRow& setting, ResponseStatuses status) {
+  if (isLackOfRadiometry(setting, status)) return kNotRadiometric;
+  return adviceOn(status);
+}
+
 struct Failure {
   ExitStatus status;
   std::string text;
 };
 
 Failure refused(const Assignment& assignment, ResponseStatuses status) {
-  return {exitStatusOf(status), textOf(assignment) + " was not set: " + wordsFor(status) + ". " + adviceOn(status)};
+  return {exitStatusOf(status),
+          textOf(assignment) + " was not set: " + wordsFor(status) + ". " + settingAdvice(*assignment.setting, status)};
 }
 
 Failure unreadable(const Assignment& assignment, ResponseStatuses status) {

@@ -32,6 +32,10 @@ std::string rangeNamesText() {
   return text;
 }
 
+RangeModes lowGainRange(const std::optional<RangeModes>& said) {
+  return said == CameraSerialSettings::HighRange ? CameraSerialSettings::HighRange : CameraSerialSettings::MiddleRange;
+}
+
 RangeModes rangeIn(const RangeQuestion& question) {
   const RangeModes by_gain = question.low_by_gain ? CameraSerialSettings::LowRange : CameraSerialSettings::MiddleRange;
   if (!question.said) return by_gain;

@@ -21,6 +21,9 @@ std::vector<std::string> rangeNames();
 /// The same in a sentence: "low, middle, high".
 std::string rangeNamesText();
 
+/// The range that low gain stands for, by what a person says: MiddleRange unless it is HighRange.
+RangeModes lowGainRange(const std::optional<RangeModes>& said);
+
 /// What a person says of the range against what the core's gain says, which cannot tell the middle from the high range.
 struct RangeQuestion {
   std::optional<RangeModes> said;

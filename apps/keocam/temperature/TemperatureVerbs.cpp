@@ -13,6 +13,14 @@ constexpr Verb kMeasure{"measure", "Temperatures of parts of the picture",
 constexpr Verb kSnapshot{"snapshot", "One frame as a file: temperatures or a picture",
                          "keocam snapshot pump.tiff --emissivity 0.9"};
 
+constexpr Verb kRange{kRangeVerb, "The temperature range that the core measures in", "keocam range set middle"};
+constexpr Verb kShow{"show", "The range by the core's gain: \"low\", or \"middle or high\"", "keocam range show"};
+constexpr Verb kSet{"set", "Change the range; takes some seconds", "keocam range set high --calibrations calibrations"};
+
+constexpr const char* kSetNotes =
+    "The range is low, middle or high. High is for lenses that are calibrated for it\n"
+    "and needs the folder of calibrations. At the end the core corrects its flat field.\n\n";
+
 constexpr const char* kMeasureNotes =
     "REGION is one of these, in pixels from the top left, with NAME= before it to give\n"
     "it a name; without any, the whole picture and its centre are measured:\n"
@@ -94,17 +102,34 @@ void addSnapshot(CLI::App& app, Command& chosen) {
   addThermometerOptions(*command, options.thermometer);
   command->add_option("--palette", options.palette, "Of a picture: thermal, white-hot or black-hot")->type_name("NAME");
   command->add_option("--span", options.span, "Temperatures at the ends of a picture's palette")
-      ->type_name("LOW HIGH")
+      ->option_text("LOW HIGH")
       ->expected(2);
+}
+
+void addRange(CLI::App& app, Command& chosen) {
+  CLI::App* const range = addVerb(app, kRange)->fallthrough();
+  range->require_subcommand(1);
+
+  const auto show = addVerbWithOptions<RangeShowOptions>(*range, kShow, chosen);
+  addCameraOption(*show.app, show.options.serial_number);
+  show.app->add_flag("--json", show.options.json, "Print an object instead of the name");
+
+  const auto set = addVerbWithOptions<RangeSetOptions>(*range, kSet, chosen, kSetNotes);
+  set.app->add_option("RANGE", set.options.range, "low, middle or high")->type_name("")->required();
+  addCameraOption(*set.app, set.options.serial_number);
+  addLensOptions(*set.app, set.options.calibrations, set.options.lens);
 }
 
 }  // namespace
 
-std::vector<Verb> temperatureVerbs() { return {kMeasure, kSnapshot}; }
+std::vector<Verb> temperatureVerbs() { return {kMeasure, kSnapshot, kRange}; }
+
+std::vector<std::string> namesBehindRange() { return {kShow.name, kSet.name}; }
 
 void addTemperatureVerbs(CLI::App& app, Command& chosen) {
   addMeasure(app, chosen);
   addSnapshot(app, chosen);
+  addRange(app, chosen);
 }
 
 }  // namespace keocam::cli

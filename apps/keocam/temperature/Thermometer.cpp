@@ -46,8 +46,7 @@ Thermometer::Thermometer(const ThermometerOptions& options, const ObjectOverride
 void Thermometer::adopt(const ThermometerOptions& options, const ObjectOverrides& overrides) {
   CameraSerialSettings& core = session_.core();
   const std::optional<RangeModes> said = options.range ? findRange(*options.range) : std::nullopt;
-  requireOk(session_.attempt([&] { return adoptCoreState(core, said.value_or(CameraSerialSettings::MiddleRange)); }),
-            "The state", session_.camera());
+  requireOk(session_.attempt([&] { return adoptCoreState(core, lowGainRange(said)); }), "The state", session_.camera());
   const RangeQuestion question{said, core.rangeMode == CameraSerialSettings::LowRange,
                                core.GetHighRangeLensAvailable()};
   conditions_.range = rangeIn(question);
