@@ -14,7 +14,7 @@ constexpr uint32_t bit(SceneShape shape) { return 1U << static_cast<uint32_t>(sh
 constexpr uint32_t kUniform = bit(SceneShape::Uniform);
 constexpr uint32_t kHotSpot = bit(SceneShape::HotSpot);
 constexpr uint32_t kPlates = bit(SceneShape::Blackbodies);
-constexpr uint32_t kAll = 0xF;
+constexpr uint32_t kAll = (1U << kSceneShapes) - 1;
 constexpr double kColdest = -40;
 constexpr double kHottest = 1500;
 

@@ -50,20 +50,20 @@ double TemperaturePictures::countsPerSensorCount(const CoreResponse& core) const
 TemperaturePictures::ValueTable TemperaturePictures::tableFor(const CoreResponse& core) const {
   const PixelResponse response(scene_.settings(), core);
   const double span_kelvin = scene_.highestCelsius() - scene_.lowestCelsius();
-  const double steps = std::max(1.0, std::ceil(span_kelvin / kStep_kelvin));
-  ValueTable table{span_kelvin > 0 ? steps / span_kelvin : 0.0, {}};
-  table.counts.reserve(static_cast<std::size_t>(steps) + 1);
-  for (double step = 0; step <= steps; ++step) {
-    const double celsius = scene_.lowestCelsius() + span_kelvin * step / steps;
-    const double counts = std::clamp(response.countsFor(celsius), 0.0, kLargestCount);
-    table.counts.push_back(static_cast<float>(counts));
+  const auto steps = static_cast<std::size_t>(std::max(1.0, std::ceil(span_kelvin / kStep_kelvin)));
+  const auto part = [steps](std::size_t step) { return static_cast<double>(step) / static_cast<double>(steps); };
+  ValueTable table{span_kelvin > 0 ? static_cast<double>(steps) / span_kelvin : 0.0, {}};
+  table.halves_up.reserve(steps + 1);
+  for (std::size_t step = 0; step <= steps; ++step) {
+    const double counts = response.countsFor(scene_.lowestCelsius() + span_kelvin * part(step));
+    table.halves_up.push_back(static_cast<float>(std::clamp(counts, 0.0, kLargestCount) + 0.5));
   }
   return table;
 }
 
 void TemperaturePictures::renderRows(ImageSize window, double heat, std::vector<uint16_t>& picture) const {
-  const float* const counts = table_.counts.data();
-  const auto last = static_cast<uint32_t>(table_.counts.size() - 2);
+  const float* const counts = table_.halves_up.data();
+  const auto last = static_cast<uint32_t>(table_.halves_up.size() - 2);
   const double steps_per_kelvin = heat * table_.steps_per_kelvin;
   for (std::size_t y = 0; y < window.height; ++y) {
     const double* const rise_kelvin = rise_kelvin_.data() + y * sensor_.width;
@@ -72,7 +72,7 @@ void TemperaturePictures::renderRows(ImageSize window, double heat, std::vector<
       const double at = rise_kelvin[x] * steps_per_kelvin;
       const uint32_t step = std::min(static_cast<uint32_t>(at), last);
       const double below = counts[step];
-      out[x] = static_cast<uint16_t>(below + (counts[step + 1] - below) * (at - step) + 0.5);
+      out[x] = static_cast<uint16_t>(below + (counts[step + 1] - below) * (at - step));
     }
   }
 }

@@ -31,7 +31,7 @@ class TemperaturePictures {
   /// Values by temperature, in equal steps from the scene's lowest.
   struct ValueTable {
     double steps_per_kelvin;
-    std::vector<float> counts;  ///< held in 14 bits, not rounded
+    std::vector<float> halves_up;  ///< values held in 14 bits and half a count more, so that cutting rounds to nearest
   };
   ValueTable tableFor(const CoreResponse& core) const;
   void renderRows(ImageSize window, double heat, std::vector<uint16_t>& picture) const;

@@ -73,7 +73,8 @@ TEST(TemperatureCorrection, MadeUpCalibrations_AreUndoneExactly) {
       const TemperatureCorrection correction(lensDataOf(options, 0).points, options.version);
       for (const CalibrationRange range : kRanges) {
         for (int32_t core = 0; core < 60; core += 7) {
-          for (double celsius = -40; celsius <= 1500; celsius += 3.7) {
+          for (int degrees = -40; degrees <= 1500; degrees += 3) {
+            const double celsius = degrees + 0.7;
             const double undone = correction.uncorrected(range, core, celsius);
             // Where the lines part a little, some temperatures are never reached exactly.
             ASSERT_NEAR(correction.corrected(range, core, undone), celsius, 1e-3) << options.seed << " " << celsius;

@@ -52,7 +52,7 @@ TEST_F(PixelResponses, HostThatKnowsTheSurroundings_GetsTheTruth) {
           for (const double humidity : {0.2, 0.9}) {
             settings.surroundings = {emissivity, reflected, 5, distance, humidity, 0.9};
             const HostModel host{low_gain, emissivity, reflected, 5, distance, humidity, 0.9};
-            for (double celsius = -40; celsius <= 550; celsius += 10) {
+            for (int celsius = -40; celsius <= 550; celsius += 10) {
               ASSERT_NEAR(host.celsiusOf(counts(celsius)), celsius, 1e-7) << emissivity << " " << reflected;
             }
           }
@@ -105,7 +105,7 @@ TEST_F(PixelResponses, LensWithACalibration_GivesWhatItsCorrectionTurnsIntoTheTr
     for (const auto range : {CalibrationRange::Low, CalibrationRange::Middle, CalibrationRange::High}) {
       core.low_gain = range != CalibrationRange::Low;
       settings.low_gain_range = core.low_gain ? range : CalibrationRange::Middle;
-      for (double celsius = -35; celsius <= 540; celsius += 12.5) {
+      for (int celsius = -35; celsius <= 540; celsius += 12) {
         const double seen = (core.low_gain ? low : high).celsiusOf(counts(celsius));
         ASSERT_NEAR(correction->corrected(range, core_degrees, seen), celsius, 1e-3) << core_degrees;
       }

@@ -13,6 +13,7 @@ namespace {
 
 using namespace simulator;
 using Picture = std::vector<uint16_t>;
+constexpr std::size_t kPixels = std::size_t{160} * 128;
 
 class SceneStream : public ::testing::Test {
  protected:
@@ -43,10 +44,10 @@ class SceneStream : public ::testing::Test {
 
 TEST_F(SceneStream, Frames_AreTheScenesCounts) {
   ASSERT_TRUE(host.startStream());
-  EXPECT_EQ(frame(2), Picture(160 * 128, 5000));
+  EXPECT_EQ(frame(2), Picture(kPixels, 5000));
   const auto video = camera().options().core->videoOf(2);
   ASSERT_TRUE(video);
-  EXPECT_EQ(trueTemperatures(*camera().scene(), 160, 128, *video), std::vector<double>(160 * 128, 54.5217));
+  EXPECT_EQ(trueTemperatures(*camera().scene(), 160, 128, *video), std::vector<double>(kPixels, 54.5217));
 }
 
 TEST_F(SceneStream, AnotherScene_IsSeenFromTheBlockThatIsSaid) {
@@ -54,7 +55,7 @@ TEST_F(SceneStream, AnotherScene_IsSeenFromTheBlockThatIsSaid) {
   EXPECT_EQ(frame(1)[0], 5000);
   const uint64_t block_id = camera().show(parseScene("uniform:celsius=16.0846"));
   EXPECT_GE(block_id, 2U);
-  EXPECT_EQ(frame(block_id), Picture(160 * 128, 3000));
+  EXPECT_EQ(frame(block_id), Picture(kPixels, 3000));
   EXPECT_EQ(camera().sceneSettings().temperatures->low_celsius, 16.0846);
 }
 

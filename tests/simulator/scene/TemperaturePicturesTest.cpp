@@ -16,6 +16,7 @@ using namespace simulator;
 
 constexpr ImageSize kSensor{64, 48};
 using Picture = std::vector<uint16_t>;
+constexpr std::size_t kPixels = std::size_t{kSensor.width} * kSensor.height;
 
 Scene sceneOf(const std::string& text) {
   SceneSettings settings;
@@ -64,6 +65,7 @@ TEST(TemperaturePictures, CoresStateThatChangesAndComesBack_IsSeenAtOnce) {
   const Scene scene = sceneOf("gradient");
   const std::vector<CoreResponse> states = coreStates();
   std::vector<Picture> first;
+  first.reserve(states.size());
   for (const CoreResponse& core : states) first.push_back(render(scene, 1, core));
   for (std::size_t i = 0; i < states.size(); ++i) {
     EXPECT_EQ(render(scene, 2, states[i]), first[i]);
@@ -73,11 +75,11 @@ TEST(TemperaturePictures, CoresStateThatChangesAndComesBack_IsSeenAtOnce) {
 
 TEST(TemperaturePictures, WellKnownCounts_ComeOut) {
   CoreResponse core;
-  EXPECT_EQ(render(sceneOf("uniform:celsius=54.5217"), 1, core), Picture(64 * 48, 5000));
-  EXPECT_EQ(render(sceneOf("uniform:celsius=16.0846"), 1, core), Picture(64 * 48, 3000));
+  EXPECT_EQ(render(sceneOf("uniform:celsius=54.5217"), 1, core), Picture(kPixels, 5000));
+  EXPECT_EQ(render(sceneOf("uniform:celsius=16.0846"), 1, core), Picture(kPixels, 3000));
   core.scale = PixelScale::KelvinTimes25;
   core.object = {0.95, 20, 20};
-  EXPECT_EQ(render(sceneOf("uniform:celsius=19.45"), 1, core), Picture(64 * 48, 7315));
+  EXPECT_EQ(render(sceneOf("uniform:celsius=19.45"), 1, core), Picture(kPixels, 7315));
 }
 
 TEST(TemperaturePictures, Values_AreRoundedToNearestAndHeldInFourteenBits) {
