@@ -115,8 +115,11 @@ TEST_F(CalibrationDataTest, ShortTables_OneCharacterIsNoByte) {
     uint8_t first;
   };
   for (const Table& table : {Table{"", 0x00}, Table{"5", 0x00}, Table{"5A", 0x5A}}) {
-    const std::string end = std::string(table.text) + ")";
-    set(heading({}) + "Data:Data1500:SffcLowRange:" + end + "SffcHighRange:" + end + "Sffc1500Range:" + end, "3");
+    std::string text = heading({}) + "Data:Data1500:";
+    for (const char* key : {"SffcLowRange:", "SffcHighRange:", "Sffc1500Range:"}) {
+      text.append(key).append(table.text).append(")");
+    }
+    set(text, "3");
     EXPECT_EQ(lens().sffcTableSize, table.first == 0 ? 0 : 1) << table.text;
     for (const uint8_t* const bytes : {lens().sffcLowRange, lens().sffcHighRange, lens().sffc1500Range}) {
       EXPECT_EQ(bytes[0], table.first) << table.text;
