@@ -111,6 +111,17 @@ TEST(KeocamLensFailure, SomeAnswersLostWhileSamplesAreRead_AreAskedForAgain) {
   EXPECT_EQ(current.output, "L13mm\n");
 }
 
+TEST(KeocamLensFailure, SomeAnswersLostWhilePiecesAreWritten_PiecesAreWrittenAgain) {
+  CameraWithLenses simulated;
+  simulated.core().setFault(CoreFault::NoAnswer, CoreFaultSetting{1000, 2, 5, kWriteMemory});
+  const Ended set = keocam(simulated.lens({"set", "L13mm"}));
+  EXPECT_EQ(set.status, 0) << set.error;
+  EXPECT_TRUE(contains(set.error, "written and verified.")) << set.error;
+  EXPECT_TRUE(simulated.holds(1));
+  const uint32_t pieces = 2 * ((CameraWithLenses::kSmallTable_bytes + 127) / 128);
+  EXPECT_EQ(simulated.core().flashCounters().writes, pieces + 2);
+}
+
 TEST(KeocamLensFailure, CameraThatVanishesMeanwhile_IsStatus5ThatTellsTheTables) {
   CameraWithLenses simulated(81920);
   ChildProcess process(keocamWith(simulated.lens({"set", "L13mm"})));
