@@ -23,6 +23,7 @@ CoreInfo complete() {
   info.part_number = {CAM_OK, "46640001X-FRNLX^^^^^^^^^^^^^^^^^"};
   info.serial_numbers = {CAM_OK, {4000000000U, 12}};
   info.versions = {CAM_OK, {{4, 1}, {2, 65535}}};
+  info.high_gain = {CAM_OK, false};
   info.sensor_temperature_celsius = {CAM_OK, 30.1};
   info.housing_temperature_celsius = {CAM_OK, 29.25};
   info.shutter_temperature_celsius = {CAM_OK, 0.0};
@@ -37,6 +38,7 @@ TEST(CoreInfo, Text_HasALineForEach) {
             "Sensor serial number  12\n"
             "Software version      4.1\n"
             "Firmware version      2.65535\n"
+            "Gain                  low (middle or high range)\n"
             "Sensor temperature    30.1 °C\n"
             "Housing temperature   29.25 °C\n"
             "Shutter temperature   0.00 °C\n");
@@ -50,6 +52,7 @@ TEST(CoreInfo, Json_HasEveryKey) {
                                    {"sensor_serial_number", 12},
                                    {"software_version", "4.1"},
                                    {"firmware_version", "2.65535"},
+                                   {"gain", "low"},
                                    {"sensor_temperature_celsius", 30.1},
                                    {"housing_temperature_celsius", 29.25},
                                    {"shutter_temperature_celsius", 0.0}};
@@ -78,7 +81,7 @@ TEST(CoreInfo, NothingRead_FitsIn80Columns) {
   for (CoreValue<double>* const value : {&info.sensor_temperature_celsius, &info.housing_temperature_celsius}) {
     value->status = CAM_UNDEFINED_FUNCTION_ERROR;
   }
-  EXPECT_EQ(failuresAmong(info).size(), 8U);
+  EXPECT_EQ(failuresAmong(info).size(), 9U);
   std::istringstream lines(coreInfoText(camera(), info));
   for (std::string line; std::getline(lines, line);) EXPECT_LE(columnsOf(line), 80U) << line;
 }
