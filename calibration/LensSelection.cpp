@@ -20,6 +20,7 @@ std::string CameraSerialSettings::GetCurrentLense() {
   return lens >= 0 ? calibrationVect[static_cast<std::size_t>(lens)].lens : std::string();
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): that the name is passed by value is the interface's.
 int CameraSerialSettings::SetLens(std::string name) {
   sleep(1);
   const std::optional<int32_t> lens = keocam::findLens(name);

@@ -5,6 +5,7 @@
 #include "calibration/CalibrationText.h"
 #include "serial/CameraSerialSettings.h"
 
+// NOLINTBEGIN(performance-unnecessary-value-param): that the texts are passed by value is the interface's.
 void CameraSerialSettings::setCalibrationData(std::string calibrationText, std::string calibrationVersion,
                                               std::string serialNumber) {
   // Given back, not just cleared: the new records need the room.
@@ -22,3 +23,4 @@ void CameraSerialSettings::setCalibrationData(std::string calibrationText, std::
   CamSpeed = layout.speed;
   if (layout.failure) std::rethrow_exception(layout.failure);
 }
+// NOLINTEND(performance-unnecessary-value-param)
