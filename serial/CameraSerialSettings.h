@@ -15,8 +15,8 @@
 ///
 /// Every operation is one exchange or a few, each of which opens the port, asks, waits for the answer and closes the
 /// port again. It blocks its caller meanwhile, some 20 ms as a rule; a silent core costs a getter 0.1 s and a setter
-/// 0.5 s per exchange, the longest, an isotherm's, 0.8 s. There is no lock: operations of one camera must not overlap.
-/// A failed exchange is reported by a line on standard error.
+/// 0.5 s per exchange, an isotherm's 0.8 s. Changes of range take seconds, those of lenses minutes. There is no lock:
+/// operations of one camera must not overlap. A failed exchange is reported by a line on standard error.
 ///
 /// Getters cannot say that their exchange failed: they then return what an answer of zeros means, which is 0, off or
 /// the first choice unless their comment says otherwise. Setters of a choice or a switch return nothing; a value that
@@ -289,21 +289,24 @@ class CameraSerialSettings {
   /// Replaces the calibration in force by that of a text: its lenses, and with version 3 and above the speed class of
   /// the serial number, with others none; the first lens is selected, and nothing is sent. An empty text, or a version
   /// that is negative as a 32-bit number, leaves no lenses. Throws std::invalid_argument (version, a "BB:" without
-  /// digit, serial number), std::out_of_range (a version too large, a value beyond the text's end, a serial number of
-  /// fewer than 4 characters) and std::length_error (a table larger than its place); lenses before the fault are then
-  /// in force. Each lens takes 4 MB, none of them on the stack; without that memory it throws std::bad_alloc, and none
-  /// is in force.
+  /// digit or at the text's end, serial number), std::out_of_range (a version too large, a value beyond the text's end,
+  /// a serial number of fewer than 4 characters) and std::length_error (a table larger than its place); lenses before
+  /// the fault are then in force. Each lens takes 4 MB, none of them on the stack; without that memory it throws
+  /// std::bad_alloc, and none is in force.
   void setCalibrationData(std::string calibrationText, std::string calibrationVersion, std::string serialNumber);
   /// The lenses' names, in the order of the calibration.
   std::vector<std::string> GetAvailibleLenses();
-  /// The lens whose tables the core holds, see CheckCameraSffc; it becomes the selected one. Empty if there is none.
+  /// The lens whose tables the core holds, see CheckCameraSffc; it becomes the selected one. Empty if there is none;
+  /// without lenses nothing is sent.
   std::string GetCurrentLense();
-  /// Selects a lens: the first of that very name. Returns 1, or 0 for an unknown lens. Waits a second; then, if the
+  /// Selects a lens: the first of that very name. Returns 1, or 0 for an unknown lens, which a line on standard error
+  /// names and which changes nothing. Waits a second; then, if the
   /// lens has tables, writes them into the core, which takes minutes, makes the core use them, corrects the flat field,
   /// and waits another second. The lens is selected whether that succeeds or not: keocam::changeLens tells, reports
   /// progress and can be cancelled.
   int SetLens(std::string name);
-  /// False while SetLens or keocam::changeLens changes tables; meant for another thread to poll.
+  /// False while SetLens or keocam::changeLens changes tables. Any thread may ask; the member behind it is not to be
+  /// read there.
   bool isSetLensReady();
   /// The selected lens measures in HighRange; false without lenses. Throws std::out_of_range if there are lenses but
   /// not that one.
@@ -311,13 +314,15 @@ class CameraSerialSettings {
   /// Makes the core use the table of the present range. 0, or -1 if the core does not answer.
   int changeSFFCLens();
   /// Writes the selected lens' table for LowRange into the core. 0, or -1 on failure: nothing is touched if the core
-  /// does not say where its table is or has one of another size; later failures leave it partly erased or written.
+  /// does not say where its table is or has one of another size; later failures leave it partly erased or written. Each
+  /// piece is sent once, and of its answer nothing is looked at: keocam::changeLens sends again what got lost.
   /// Throws std::out_of_range if there is no such lens.
   int switchSFFC1();
   /// The same for the table of MiddleRange and HighRange.
   int switchSFFC2();
-  /// The index of the first lens whose table the core holds, by samples of the table for MiddleRange; it becomes the
-  /// selected one. -1 if there is none, or if the core does not answer.
+  /// The index of the first lens whose table the core holds, by four samples of 128 bytes of the table for MiddleRange;
+  /// it becomes the selected one. -1 if there is none, if there are no lenses (nothing is then sent), or if the core
+  /// does not say where its table is. A sample that does not come whole matches no lens.
   int CheckCameraSffc();
 
   PvDevice* device;
