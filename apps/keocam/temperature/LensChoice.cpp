@@ -7,9 +7,7 @@
 
 namespace keocam::cli {
 
-std::optional<CameraCalibration> calibrationFor(const std::string& folder, const std::optional<std::string>& lens,
-                                                const DeviceDetails& camera) {
-  if (lens) requireFolder(folder);
+std::optional<CameraCalibration> calibrationIn(const std::string& folder, const DeviceDetails& camera) {
   if (folder.empty()) return std::nullopt;
   return calibrationOf(camera.serial_number, folder);
 }

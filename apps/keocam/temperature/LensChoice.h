@@ -9,10 +9,8 @@
 
 namespace keocam::cli {
 
-/// The camera's calibration; nothing without a folder. Throws CommandFailure as calibrationOf(), and Usage for a lens
-/// without a folder.
-std::optional<CameraCalibration> calibrationFor(const std::string& folder, const std::optional<std::string>& lens,
-                                                const DeviceDetails& camera);
+/// The camera's calibration; nothing without a folder. Throws CommandFailure as calibrationOf().
+std::optional<CameraCalibration> calibrationIn(const std::string& folder, const DeviceDetails& camera);
 
 /// Puts the calibration in force and selects the lens of this name, or the one whose tables the core holds; the core
 /// stays as it is. Returns the lens' name, fit for a terminal. Throws CommandFailure (Failure) if there is no such

@@ -125,6 +125,7 @@ void checkCombination(const MeasureOptions& options) {
 ExitStatus runMeasure(const MeasureOptions& options, const Console& console, DataOutput& output) {
   checkCombination(options);
   const DisplayUnit& unit = unitIn(options.thermometer);
+  requireFolderForLens(options.thermometer);
   const ObjectOverrides overrides = overridesIn(options.thermometer.object, unit);
   const std::vector<NamedRegion> regions = regionsIn(options.regions);
   const MeasureDetails details{options.percents, options.histogram_bins};

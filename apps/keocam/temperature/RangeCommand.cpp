@@ -44,7 +44,7 @@ ExitStatus runRangeSet(const RangeSetOptions& options, const Console& console) {
   if (needs_lens) requireFolder(options.calibrations);
   CoreSession session(options.serial_number, console);
   std::optional<CameraCalibration> calibration;
-  if (needs_lens) calibration = calibrationOf(session.camera().serial_number, options.calibrations);
+  if (needs_lens) calibration = calibrationIn(options.calibrations, session.camera());
   session.connect();
   if (calibration) putLensInForce(*calibration, options.lens, session);
 

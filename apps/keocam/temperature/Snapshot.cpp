@@ -13,7 +13,7 @@ namespace keocam::cli {
 namespace {
 
 constexpr SnapshotFormat kFormats[] = {
-    {{".tiff", ".tif"}, "32-bit floating-point temperatures, with all parameters in its tags", false, encodeTiffOf},
+    {{".tiff", ".tif"}, "floating-point temperatures, with all parameters in its tags", false, encodeTiffOf},
     {{".png", nullptr}, "a picture with a scale bar", true, encodePngOf},
     {{".csv", nullptr}, "temperatures, a line per row of pixels; empty where there is none", false, encodeCsvOf},
     {{".raw", nullptr}, "the raw values, 16 bits each, little endian, row by row", false, encodeRawOf},

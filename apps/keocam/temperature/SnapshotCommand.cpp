@@ -14,6 +14,7 @@ ExitStatus runSnapshot(const SnapshotOptions& options, const Console& console) {
   const SnapshotFormat& format = formatOf(options.path);
   const SnapshotColours colours = coloursFor(format, options.palette, options.span);
   const DisplayUnit& unit = unitIn(options.thermometer);
+  requireFolderForLens(options.thermometer);
   const ObjectOverrides overrides = overridesIn(options.thermometer.object, unit);
   PendingFile file(options.path);
 

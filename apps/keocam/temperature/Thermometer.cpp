@@ -31,8 +31,7 @@ void requireOk(ResponseStatuses status, const std::string& subject, const Device
 Thermometer::Thermometer(const ThermometerOptions& options, const ObjectOverrides& overrides, const Console& console)
     : console_(console), session_(options.serial_number, console) {
   conditions_.camera = session_.camera();
-  const std::optional<CameraCalibration> calibration =
-      calibrationFor(options.calibrations, options.lens, session_.camera());
+  const std::optional<CameraCalibration> calibration = calibrationIn(options.calibrations, session_.camera());
   session_.connect();
   if (calibration) {
     conditions_.lens = putLensInForce(*calibration, options.lens, session_);

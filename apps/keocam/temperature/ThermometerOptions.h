@@ -21,4 +21,7 @@ struct ThermometerOptions {
 /// Throws CommandFailure (Usage) for one that there is not.
 const DisplayUnit& unitIn(const ThermometerOptions& options);
 
+/// Throws CommandFailure (Usage) for a lens without the folder that tells of it.
+void requireFolderForLens(const ThermometerOptions& options);
+
 }  // namespace keocam::cli

@@ -169,7 +169,7 @@ TEST(KeocamMeasure, WhatMakesNoSense_IsStatus2BeforeAnyCameraIsLookedFor) {
   for (const Arguments& arguments :
        {Arguments{"measure", "box:1,2"}, Arguments{"measure", "--emissivity", "nan"},
         Arguments{"measure", "--unit", "R"}, Arguments{"measure", "--histogram", "5", "--csv"},
-        Arguments{"measure", "--humidity", "50"}}) {
+        Arguments{"measure", "--humidity", "50"}, Arguments{"measure", "--lens", "L25mm"}}) {
     const Ended measure = keocam(arguments);
     EXPECT_EQ(measure.status, 2) << measure.error;
     EXPECT_EQ(measure.output, "");
