@@ -5,6 +5,7 @@ build_packages="g++ cmake ninja-build pkg-config libaravis-dev libusb-1.0-0-dev 
 # To test: also peers that others wrote, and the tools that make a network namespace.
 test_packages="libgtest-dev libgmock-dev aravis-tools aravis-tools-cli iproute2 libtiff-tools util-linux"
 demo_packages="iproute2 util-linux"
+package_packages="dpkg-dev file"
 bench_packages="libbenchmark-dev"
 format_packages="clang-format"
 lint_packages="clang-tidy"
