@@ -1,32 +1,31 @@
 #include "simulator/CommandLine.h"
 
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <array>
-#include <map>
-#include <stdexcept>
+#include <iostream>
 
+#include "simulator/CameraArguments.h"
 #include "simulator/CoreArguments.h"
+#include "simulator/ModelArguments.h"
 #include "simulator/SceneArguments.h"
-#include "simulator/SensorSizes.h"
-#include "simulator/UdpSocket.h"
 #include "simulator/scene/SceneText.h"
 
 namespace simulator {
 namespace {
 
 constexpr int kUsageError = 2;
-constexpr uint32_t kMostCameras = 64;
-
-const std::map<std::string, bool> kSwitch{{"on", true}, {"off", false}};
 
 constexpr const char* kIntroduction =
     "GigE Vision thermal cameras in software, for work without a camera.\n"
     "Prints \"ready\" on standard output once every camera answers, and runs until told to end.";
 constexpr const char* kFooter =
+    "Serial numbers above 1702 tell hosts the speed class by their fourth letter: C slow, D fast, E fast with\n"
+    "video standard 4. Without --serial slow models begin at KEOC2001 and all others at KEOD2001.\n"
+    "\n"
     "Examples:\n"
     "  keocam-simulator                                one camera on 127.0.0.2\n"
     "  keocam-simulator --cameras 3 --size 336x256     127.0.0.2, 127.0.0.3 and 127.0.0.4\n"
+    "  keocam-simulator --model 324-slow               a core of 320x256 pixels and 9 pictures a second\n"
     "  keocam-simulator --interface eth0 --fps 60      a camera for other hosts of that network\n"
     "  keocam-simulator --loss 10 --late 5 20          1 % of packets lost, 0.5 % come 20 ms late\n"
     "  keocam-simulator --core-no-answer 1000 3        the thermal core does not answer its first 3 requests\n"
@@ -67,82 +66,45 @@ void applyFaults(const KnobValues& values, FaultSettings& faults) {
 
 }  // namespace
 
-std::string nextSerial(const std::string& serial, uint32_t steps) {
-  if (steps == 0) return serial;
-  const std::size_t digits = serial.find_last_not_of("0123456789") + 1;
-  if (digits == serial.size() || serial.size() - digits > 9) {
-    throw std::invalid_argument("'" + serial +
-                                "' cannot be counted upwards: several cameras need a serial number that "
-                                "ends with at most nine digits");
-  }
-  std::string number = std::to_string(std::stoul(serial.substr(digits)) + steps);
-  const std::size_t width = serial.size() - digits;
-  if (number.size() < width) number.insert(0, width - number.size(), '0');
-  return serial.substr(0, digits) + number;
-}
-
 std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* argv) {
   CLI::App app(kIntroduction, "keocam-simulator");
   app.footer(sceneHelpText() + '\n' + kFooter);
   ProgramOptions program;
-  CameraOptions camera;
-  uint32_t count = 1;
-  std::string interface;
+  FaultSettings faults;
   bool occupied = false;
   KnobValues knobs;
-  std::string size = "640x512";
-  std::string pacing = "on";
-  app.add_option("--cameras", count, "How many, 1 to 64 [1]")->check(CLI::Range(1U, kMostCameras))->option_text("N");
-  auto* address =
-      app.add_option("--address", camera.address, "First camera's address; the next count upwards [127.0.0.2]")
-          ->check(CLI::ValidIPV4)
-          ->option_text("A.B.C.D");
-  app.add_option("--interface", interface, "Take this interface's address for the first camera")
-      ->option_text("NAME")
-      ->excludes(address);
-  app.add_option("--serial", camera.serial, "First camera's serial number; the next count upwards [KEOD2001]")
-      ->option_text("TEXT");
-  app.add_option("--size", size, "Sensor: 640x512, 336x256, 320x256 or 160x128 [640x512]")
-      ->check(CLI::IsMember(sensorSizes()))
-      ->option_text("WxH");
-  app.add_option("--fps", camera.frame_rate_hz, "Frames per second at the start, 1 to 1000 [30]")
-      ->check(CLI::Range(1.0, 1000.0))
-      ->option_text("HZ");
-  app.add_option("--seed", camera.seed, "Of the noise and of the faults [1]")->option_text("N");
-  app.add_option("--uart-pacing", pacing, "Serial bytes take the time of their baud rate [on]")
-      ->check(CLI::IsMember(kSwitch))
-      ->option_text("on|off");
+  CameraArguments cameras(app);
   app.add_option("--duration", program.duration_s, "End after this many seconds")
       ->check(CLI::Range(0.0, 1e9))
       ->option_text("S");
   app.add_flag("-q,--quiet", program.quiet, "Say nothing on standard error but errors");
   SceneArguments scene(app);
-  CoreArguments core(app);
+  ModelArguments models(app);
+  CoreArguments cores(app);
   addFaultOptions(app, knobs);
-  app.add_flag("--ignore-heartbeat", camera.faults.ignore_heartbeat, "Control runs out although the host is alive")
+  app.add_flag("--ignore-heartbeat", faults.ignore_heartbeat, "Control runs out although the host is alive")
       ->group("Faults");
   app.add_flag("--occupied", occupied, "Seem to be in use by another host")->group("Faults");
   try {
     app.parse(argc, argv);
-    applyFaults(knobs, camera.faults);
+    if (models.listWanted()) {
+      std::cout << models.list() << std::flush;
+      return 0;
+    }
+    applyFaults(knobs, faults);
     scene.check();
-    core.check();
-    camera.sensor = sensorSizes().at(size);
-    camera.uart_pacing = kSwitch.at(pacing);
-    nextSerial(camera.serial, count - 1);
+    cores.check();
+    models.check(cameras.count(models));
+    for (uint32_t i = 0; i < cameras.count(models); ++i) program.cameras.push_back(cameras.make(i, models, cores));
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : kUsageError;
-  } catch (const std::invalid_argument& error) {
-    return app.exit(CLI::ValidationError("--serial", error.what())) == 0 ? 0 : kUsageError;
   }
-  const uint32_t first_ip = interface.empty() ? parseIp(camera.address) : interfaceNamed(interface).ip;
+  const auto count = static_cast<uint32_t>(program.cameras.size());
   for (uint32_t i = 0; i < count; ++i) {
-    program.cameras.push_back(camera);
-    program.cameras.back().address = formatIp(first_ip + i);
-    program.cameras.back().serial = nextSerial(camera.serial, i);
-    program.cameras.back().seed = camera.seed + i;
-    if (scene.given()) program.cameras.back().temperatures = scene.make(core.lensPoints(program.cameras.back().serial));
-    program.cameras.back().core = core.make(program.cameras.back(), i, count);
+    CameraOptions& camera = program.cameras[i];
+    camera.faults = faults;
+    if (scene.given()) camera.temperatures = scene.make(cores.lensPoints(camera.serial));
+    camera.core = cores.make(camera, models.of(i), i, count);
   }
   program.occupied.assign(count, occupied);
   return program;

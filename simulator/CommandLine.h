@@ -22,8 +22,4 @@ struct ProgramOptions {
 /// explained on standard error. Throws std::runtime_error for an interface that does not serve.
 std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* argv);
 
-/// The serial number `steps` further on: "KEOD2001" and 2 give "KEOD2003". Throws std::invalid_argument for one that
-/// does not end with a number when `steps` is not 0.
-std::string nextSerial(const std::string& serial, uint32_t steps);
-
 }  // namespace simulator

@@ -10,12 +10,16 @@ CoreArguments::CoreArguments(CLI::App& app) {
   constexpr const char* kGroup = "Thermal core";
   constexpr const char* kFaultGroup =
       "Faults of the thermal core; FRAMES: so many answers only, 0 for good; AFTER: so many answers later";
-  auto* none =
-      app.add_flag("--no-core", none_, "Nothing at the other end of the serial port")->option_text(" ")->group(kGroup);
+  auto* model = app.get_option("--model");
+  auto* none = app.add_flag("--no-core", none_, "Nothing at the other end of the serial port")
+                   ->option_text(" ")
+                   ->group(kGroup)
+                   ->excludes(model);
   app.add_option("--core-part-number", part_number_, "Letter 12 is R or I where it is radiometric [by the size]")
       ->option_text("TEXT")
       ->group(kGroup)
-      ->excludes(none);
+      ->excludes(none)
+      ->excludes(model);
   app.add_option("--core-serial", serial_, "First core's serial number; the next count upwards [701001]")
       ->option_text("N")
       ->group(kGroup)
@@ -63,10 +67,20 @@ std::optional<LensPoints> CoreArguments::lensPoints(const std::string& serial) c
   return readLensPoints(calibrations_, serial, lens_);
 }
 
-std::shared_ptr<ThermalCore> CoreArguments::make(const CameraOptions& camera, uint32_t index, uint32_t cameras) const {
-  if (none_) return nullptr;
+std::optional<CoreIdentity> CoreArguments::identity(const CameraOptions& camera, const CoreModel* model) const {
+  if (none_) return std::nullopt;
+  if (model != nullptr) return identityOf(*model);
+  CoreIdentity identity = coreOptionsFor(camera).identity;
+  if (!part_number_.empty()) identity.part_number = part_number_;
+  return identity;
+}
+
+std::shared_ptr<ThermalCore> CoreArguments::make(const CameraOptions& camera, const CoreModel* model, uint32_t index,
+                                                 uint32_t cameras) const {
+  const std::optional<CoreIdentity> identity = this->identity(camera, model);
+  if (!identity) return nullptr;
   CoreOptions options = coreOptionsFor(camera);
-  if (!part_number_.empty()) options.identity.part_number = part_number_;
+  options.identity = *identity;
   options.identity.core_serial = serial_ + index;
   options.identity.sensor_serial += index;
   if (!lens_.empty()) options.flash.tables = readLensTables(calibrations_, camera.serial, lens_);

@@ -12,12 +12,14 @@
 #include "simulator/SimulatedCamera.h"
 #include "simulator/calibration/CalibrationFolder.h"
 #include "simulator/core/CoreFaults.h"
+#include "simulator/core/ModelCatalogue.h"
 
 namespace simulator {
 
 class CoreArguments {
  public:
-  /// Declares the options; this object must outlive the parsing.
+  /// Declares the options; this object must outlive the parsing. A model is one of a core and says its part number, so
+  /// `--model` must have been declared.
   explicit CoreArguments(CLI::App& app);
   CoreArguments(const CoreArguments&) = delete;
   CoreArguments& operator=(const CoreArguments&) = delete;
@@ -26,9 +28,14 @@ class CoreArguments {
   void check() const;
 
   /// The core of camera `index`, whose serial number counts upwards with it; null without cores.
+  /// A model, where there is one, says its part number.
   /// Where there are more cameras than one, each has a flash file of its own. Throws std::runtime_error for a flash
   /// file or a calibration that does not serve.
-  std::shared_ptr<ThermalCore> make(const CameraOptions& camera, uint32_t index, uint32_t cameras) const;
+  std::shared_ptr<ThermalCore> make(const CameraOptions& camera, const CoreModel* model, uint32_t index,
+                                    uint32_t cameras) const;
+
+  /// Who that core is, but for its serial numbers; empty without cores.
+  std::optional<CoreIdentity> identity(const CameraOptions& camera, const CoreModel* model) const;
 
   /// The points of the lens that the camera with this serial number has, if one was chosen. Throws as make().
   std::optional<LensPoints> lensPoints(const std::string& serial) const;

@@ -49,6 +49,7 @@ Device::Device(const DeviceIdentity& identity, StreamControl& stream, std::share
       {address::kWidth, identity.sensor.width},
       {address::kHeight, identity.sensor.height},
       {address::kAcquisitionFrameRate, floatBits(identity.frame_rate_hz)},
+      {address::kAcquisitionFrameRateMax, floatBits(identity.most_frame_rate_hz)},
   };
   for (const auto& [at, value] : words) registers_.set(at, value);
   registers_.setText(address::kModelName, identity.model, 32);

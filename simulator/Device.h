@@ -9,6 +9,7 @@
 
 #include "simulator/ControlPrivilege.h"
 #include "simulator/FileAccess.h"
+#include "simulator/FrameRates.h"
 #include "simulator/RegisterMap.h"
 #include "simulator/StreamControl.h"
 #include "simulator/Uart.h"
@@ -26,6 +27,7 @@ struct DeviceIdentity {
   std::string user_id;
   ImageSize sensor;
   double frame_rate_hz = 30.0;
+  double most_frame_rate_hz = kMostFrameRateHz;
 };
 
 /// Opens no socket and reads no clock: the time is an argument. Not thread-safe.

@@ -43,6 +43,7 @@ constexpr uint32_t kAcquisitionFrameCount = 0x1002C;
 constexpr uint32_t kAcquisitionFrameRate = 0x10030;
 constexpr uint32_t kTestPattern = 0x10034;
 constexpr uint32_t kTransportLocked = 0x10038;
+constexpr uint32_t kAcquisitionFrameRateMax = 0x1003C;
 constexpr uint32_t kBulkSelector = 0x10100;
 constexpr uint32_t kBulkMode = 0x10104;
 constexpr uint32_t kBulkBaudRate = 0x10108;

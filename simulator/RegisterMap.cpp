@@ -119,7 +119,7 @@ bool RegisterMap::accepts(const Field& field, uint32_t value) const {
       return value >= field.minimum && value <= maximumOf(field) && (value - field.minimum) % field.increment == 0;
     case FieldKind::Float: {
       const double number = static_cast<double>(asFloat(value));
-      return std::isfinite(number) && number >= field.minimum && number <= field.maximum;
+      return std::isfinite(number) && number >= field.minimum && number <= floatMaximumOf(field);
     }
     case FieldKind::Enumeration:
       return std::any_of(field.entries.begin(), field.entries.end(),
@@ -166,6 +166,10 @@ void RegisterMap::setText(uint32_t at, const std::string& text, std::size_t leng
 
 uint32_t RegisterMap::fieldValue(const Field& field) const {
   return (get(field.address) & field.mask()) >> field.lowest_bit;
+}
+
+double RegisterMap::floatMaximumOf(const Field& field) const {
+  return field.maximum_from == 0 ? field.maximum : static_cast<double>(asFloat(get(field.maximum_from)));
 }
 
 uint32_t RegisterMap::maximumOf(const Field& field) const {

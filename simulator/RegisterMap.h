@@ -41,6 +41,7 @@ class RegisterMap {
 
   /// Largest value that the field takes at this moment.
   uint32_t maximumOf(const Field& field) const;
+  double floatMaximumOf(const Field& field) const;
 
  private:
   struct Region {

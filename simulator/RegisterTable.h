@@ -140,8 +140,11 @@ inline constexpr Field kRegisterTable[] = {
     rows::command(address::kAcquisitionStop, Action::AcquisitionStop).as("AcquisitionStop", rows::kAcquisition, "Stops the frames."),
     rows::number(address::kAcquisitionFrameCount).value(1).range(1, 65535).locked()
         .as("AcquisitionFrameCount", rows::kAcquisition, "Frames of a MultiFrame acquisition."),
-    makeField(FieldKind::Float, rows::kReadWrite, address::kAcquisitionFrameRate).range(1, 1000).in("Hz").does(Action::StreamSettings)
+    makeField(FieldKind::Float, rows::kReadWrite, address::kAcquisitionFrameRate).range(1, 0)
+        .upTo(address::kAcquisitionFrameRateMax).in("Hz").does(Action::StreamSettings)
         .as("AcquisitionFrameRate", rows::kAcquisition, "Frames per second; may be changed while frames run."),
+    makeField(FieldKind::Float, rows::kReadOnly, address::kAcquisitionFrameRateMax).in("Hz")
+        .as("AcquisitionFrameRateMax", rows::kAcquisition, "The most frames per second: a slow core makes 9.").shownTo(rows::kExpert),
     rows::number(address::kTransportLocked).range(0, 1)
         .as("TLParamsLocked", rows::kTransport, "1 locks the picture's size and format, as an acquisition does.").shownTo(rows::kGuru),
 

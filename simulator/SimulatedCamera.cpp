@@ -1,12 +1,13 @@
 #include "simulator/SimulatedCamera.h"
 
-#include <cmath>
+#include <algorithm>
 #include <mutex>
 #include <stdexcept>
 
 #include "simulator/Clock.h"
 #include "simulator/ControlChannel.h"
 #include "simulator/Device.h"
+#include "simulator/FrameRates.h"
 #include "simulator/StreamSender.h"
 #include "simulator/UdpSocket.h"
 #include "simulator/core/ThermalCore.h"
@@ -36,6 +37,10 @@ std::array<uint8_t, 6> macOf(uint32_t ip) {
           static_cast<uint8_t>(ip)};
 }
 
+double mostFrameRateOf(const CameraOptions& options) {
+  return options.core ? frameRateLimitHz(options.core->identity()).value_or(kMostFrameRateHz) : kMostFrameRateHz;
+}
+
 CameraOptions checked(CameraOptions options) {
   if (options.user_id.empty()) options.user_id = options.serial;
   for (const std::string* name : {&options.serial, &options.user_id}) {
@@ -43,9 +48,10 @@ CameraOptions checked(CameraOptions options) {
       throw std::runtime_error("'" + *name + "' does not serve as a name: it needs 1 to 15 characters");
     }
   }
-  if (!(options.frame_rate_hz >= 1.0 && options.frame_rate_hz <= 1000.0)) {
+  if (!(options.frame_rate_hz >= kLeastFrameRateHz && options.frame_rate_hz <= kMostFrameRateHz)) {
     throw std::runtime_error("a frame rate of " + std::to_string(options.frame_rate_hz) + " is not in 1 to 1000 Hz");
   }
+  options.frame_rate_hz = std::min(options.frame_rate_hz, mostFrameRateOf(options));
   if (options.core && options.uart_peer) {
     throw std::runtime_error("a camera's UART has one other end: either a core or another peer");
   }
@@ -67,6 +73,7 @@ DeviceIdentity identityOf(const CameraOptions& options, const InterfaceAddress& 
   identity.user_id = options.user_id;
   identity.sensor = options.sensor;
   identity.frame_rate_hz = options.frame_rate_hz;
+  identity.most_frame_rate_hz = mostFrameRateOf(options);
   return identity;
 }
 

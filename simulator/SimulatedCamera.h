@@ -21,8 +21,8 @@ struct CameraOptions {
   std::string serial = "KEOD2001";    ///< at most 15 characters; unique among cameras
   std::string user_id;                ///< at most 15 characters; empty gives the serial number
   ImageSize sensor;                   ///< also the default of Width and Height
-  double frame_rate_hz = 30.0;        ///< start value of AcquisitionFrameRate, 1 to 1000
-  uint64_t seed = 1;                  ///< of the scene's noise and of the faults' draws
+  double frame_rate_hz = 30.0;  ///< start value of AcquisitionFrameRate, 1 to 1000; a slow core lowers it to its own
+  uint64_t seed = 1;            ///< of the scene's noise and of the faults' draws
   /// The scene is one in degrees; empty: the moving one. trueTemperatures() says what each pixel of a frame sees.
   std::optional<TemperatureSceneSettings> temperatures;
   bool uart_pacing = true;              ///< false: serial bytes arrive at once, whatever the baud rate

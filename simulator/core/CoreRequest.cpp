@@ -44,7 +44,7 @@ SettingWords wordsOf(const FunctionRow& row, const Bytes& payload) {
 
 }  // namespace
 
-CoreRequest understand(const DecodedFrame& frame, bool radiometric) {
+CoreRequest understand(const DecodedFrame& frame, const CoreAbilities& abilities) {
   if (frame.verdict == Verdict::UndefinedProcess) return refused(CoreStatus::UndefinedProcess);
   if (frame.verdict == Verdict::DamagedHeader) return refused(CoreStatus::ChecksumError);
   bool defined = false;
@@ -54,7 +54,7 @@ CoreRequest understand(const DecodedFrame& frame, bool radiometric) {
   for (const FunctionRow& row : kFunctionRows) {
     if (row.code != frame.function) continue;
     defined = true;
-    enabled = enabled && (radiometric || !row.radiometric);
+    enabled = enabled && (abilities.radiometric || !row.radiometric);
     const bool get = fitsGet(row, frame.payload);
     const bool set = fitsSet(row, frame.payload);
     const bool memory = fitsMemory(row, frame.payload);
@@ -65,7 +65,7 @@ CoreRequest understand(const DecodedFrame& frame, bool radiometric) {
       request = {CoreStatus::Ok, &row, row.kind == RowKind::Command ? Operation::Command : Operation::Get, {}};
     } else if (set && hasKey(row.set_key, frame.payload)) {
       const SettingWords words = wordsOf(row, frame.payload);
-      if (inRange(row, words)) request = {CoreStatus::Ok, &row, Operation::Set, words};
+      if (inRange(row, words, abilities)) request = {CoreStatus::Ok, &row, Operation::Set, words};
     }
   }
   if (!defined) return refused(CoreStatus::UndefinedFunction);

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "simulator/core/CoreFrame.h"
+#include "simulator/core/CoreIdentity.h"
 #include "simulator/core/FrameDecoder.h"
 #include "simulator/core/FunctionTable.h"
 
@@ -21,6 +22,6 @@ struct CoreRequest {
 
 /// Judges a piece of input that is to be answered (see Verdict). Where a frame has several flaws the first of these
 /// counts: process, header check sum, function, byte count, frame check sum, feature, selector and range.
-CoreRequest understand(const DecodedFrame& frame, bool radiometric);
+CoreRequest understand(const DecodedFrame& frame, const CoreAbilities& abilities);
 
 }  // namespace simulator

@@ -1,5 +1,6 @@
 #include "simulator/core/CoreSettings.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string>
 
@@ -21,10 +22,15 @@ Bytes CoreSettings::answer(const FunctionRow& row) const {
   return bytes;
 }
 
-bool inRange(const FunctionRow& row, const SettingWords& words) {
+int32_t maximumOf(const FunctionRow& row, const CoreAbilities& abilities) {
+  return abilities.fast ? row.maximum : std::min(row.maximum, row.slow_maximum);
+}
+
+bool inRange(const FunctionRow& row, const SettingWords& words, const CoreAbilities& abilities) {
+  const int32_t maximum = maximumOf(row, abilities);
   for (std::size_t i = 0; i < row.words; ++i) {
     const int32_t value = row.has_sign ? static_cast<int32_t>(static_cast<int16_t>(words[i])) : int32_t{words[i]};
-    if (value < row.minimum || value > row.maximum) return false;
+    if (value < row.minimum || value > maximum) return false;
     if (value >= 0 && value < 32 && ((row.excluded >> static_cast<uint32_t>(value)) & 1U) != 0) return false;
   }
   return (words[0] & row.first_zero_bits) == 0;

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "simulator/Bytes.h"
+#include "simulator/core/CoreIdentity.h"
 #include "simulator/core/FunctionTable.h"
 
 namespace simulator {
@@ -29,7 +30,10 @@ class CoreSettings {
   std::array<SettingWords, kFunctionRowCount> values_{};
 };
 
-/// Whether the core takes these words for the row's setting.
-bool inRange(const FunctionRow& row, const SettingWords& words);
+/// The largest word that a core takes for the row's setting.
+int32_t maximumOf(const FunctionRow& row, const CoreAbilities& abilities);
+
+/// Whether a core takes these words for the row's setting.
+bool inRange(const FunctionRow& row, const SettingWords& words, const CoreAbilities& abilities);
 
 }  // namespace simulator

@@ -23,6 +23,7 @@ enum class FunctionCode : uint8_t {
   DigitalOutput = 18,
   LensSlot = 30,
   TestPattern = 37,
+  VideoStandard = 114,
   Radiometry = 142,
   RadiometricParameter = 229,
 };
@@ -86,11 +87,12 @@ struct FunctionRow {
   std::size_t words = 0;            ///< of a setting
   int32_t minimum = 0;              ///< of every word
   int32_t maximum = 0;
-  bool has_sign = false;          ///< words are signed
-  uint32_t excluded = 0;          ///< bit n: the value n is refused though it is in range
-  uint16_t first_zero_bits = 0;   ///< bits of the first word that must be 0
-  bool one_word_for_all = false;  ///< a request with one word sets all words to it
-  SettingWords initial{};         ///< the factory's value
+  int32_t slow_maximum = INT32_MAX;  ///< of slow cores, where that is less
+  bool has_sign = false;             ///< words are signed
+  uint32_t excluded = 0;             ///< bit n: the value n is refused though it is in range
+  uint16_t first_zero_bits = 0;      ///< bits of the first word that must be 0
+  bool one_word_for_all = false;     ///< a request with one word sets all words to it
+  SettingWords initial{};            ///< the factory's value
   Reading reading = Reading::None;
   MemoryOperation memory = MemoryOperation::None;
   std::size_t least_payload_bytes = 0;  ///< of a request for memory
@@ -106,6 +108,11 @@ struct FunctionRow {
   constexpr FunctionRow without(uint32_t excluded_bits) const {
     FunctionRow row = *this;
     row.excluded = excluded_bits;
+    return row;
+  }
+  constexpr FunctionRow upToWhenSlow(int32_t most) const {
+    FunctionRow row = *this;
+    row.slow_maximum = most;
     return row;
   }
   constexpr FunctionRow readOnly() const {

@@ -90,7 +90,7 @@ inline constexpr std::array<FunctionRow, kFunctionRowCount> kFunctionRows{{
     wordRow(85, "agc-midpoint", 0, 255, 127, "Middle of automatic gain control."),
     readingRow(102, "part-number", 32, Reading::PartNumber, "Text, filled up with '^'."),
     wordRow(106, "max-agc-gain", 0, 255, 12, "Bound of automatic gain control."),
-    wordRow(114, "video-standard", 0, 5, 0, "Timing of analog video."),
+    wordRow(114, "video-standard", 0, 5, 0, "Timing of analog video; only fast cores have 4 and 5.").upToWhenSlow(3),
     radiometryRow("radiometry-resolution", kRadiometryResolution, "1 is the high resolution."),
     radiometryRow("radiometry-mode", kRadiometryMode, "1 makes pixels linear in temperature."),
     memoryRow(210, "read-memory", MemoryOperation::Read, 6, 6, "Address and length, 4 and 2 bytes; 1 to 256 bytes."),

@@ -87,7 +87,7 @@ ThermalCore::Sent ThermalCore::answer(const DecodedFrame& frame, uint64_t now_ns
   Sent sent;
   CoreLogEntry entry{now_ns, frame.verdict, frame.bytes, std::nullopt, {}};
   if (frame.verdict < Verdict::Noise && !faults_.misses(frame.function)) {
-    const CoreRequest request = understand(frame, state_.radiometric());
+    const CoreRequest request = understand(frame, abilitiesOf(options_.identity));
     CoreAnswer done{request.status, {}, 0};
     if (request.status == CoreStatus::Ok) done = state_.perform(request, frame.payload, now_ns);
     entry.status = done.status;

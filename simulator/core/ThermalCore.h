@@ -76,6 +76,7 @@ class ThermalCore final : public UartPeer, public VideoSource {
   uint64_t ffcCount() const;
   bool shutterClosed() const;
   bool radiometric() const;
+  const CoreIdentity& identity() const { return options_.identity; }
   uint64_t powerOnNs() const;
 
   CoreFaultSettings faults() const;

@@ -38,10 +38,11 @@ struct DeviceBench {
   static constexpr simulator::Peer kHost{0x7F000001, 40000};
   static constexpr simulator::Peer kOther{0x7F000001, 40001};
 
-  explicit DeviceBench(std::shared_ptr<simulator::UartPeer> peer = nullptr, bool pacing = true)
-      : device(identity(), stream, std::move(peer), pacing, statistics), server(device, statistics) {}
+  explicit DeviceBench(std::shared_ptr<simulator::UartPeer> peer = nullptr, bool pacing = true,
+                       simulator::ImageSize sensor = {})
+      : device(identity(sensor), stream, std::move(peer), pacing, statistics), server(device, statistics) {}
 
-  static simulator::DeviceIdentity identity() {
+  static simulator::DeviceIdentity identity(simulator::ImageSize sensor) {
     simulator::DeviceIdentity identity;
     identity.mac = {2, 0x4B, 1, 2, 3, 4};
     identity.ip = 0x7F000002;
@@ -50,6 +51,7 @@ struct DeviceBench {
     identity.model = "KEOsim-640";
     identity.serial = "KEOD2001";
     identity.user_id = "bench";
+    identity.sensor = sensor;
     return identity;
   }
 

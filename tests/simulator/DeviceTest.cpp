@@ -4,12 +4,14 @@
 #include <gtest/gtest.h>
 
 #include "DeviceBench.h"
+#include "simulator/core/ModelCatalogue.h"
 
 namespace {
 
 using namespace simulator;
 using Log = std::vector<std::string>;
 constexpr uint16_t kAccessDenied = 0x8006;
+constexpr uint16_t kInvalidParameter = 0x8002;
 
 class DeviceUnderControl : public ::testing::Test {
  protected:
@@ -85,6 +87,23 @@ TEST_F(DeviceUnderControl, ImageRegisters_WhileStreaming_AreLocked) {
   EXPECT_EQ(bench.write(address::kTestPattern, 1), 0);
   bench.write(address::kAcquisitionStop, 1);
   EXPECT_EQ(bench.write(address::kWidth, 100), 0);
+}
+
+TEST(DeviceImageRegisters, SensorsOwnSize_IsTakenAndMinusOneAndMoreAreRefused) {
+  constexpr uint32_t kMinusOne = 0xFFFFFFFF;
+  for (const CoreModel& model : kCoreModels) {
+    DeviceBench bench(nullptr, true, model.sensor);
+    bench.takeControl();
+    for (const auto& [at, size] :
+         {std::pair(address::kWidth, model.sensor.width), std::pair(address::kHeight, model.sensor.height)}) {
+      EXPECT_EQ(bench.read(at), size) << model.id;
+      EXPECT_EQ(bench.write(at, size), 0) << model.id;
+      EXPECT_EQ(bench.write(at, kMinusOne), kInvalidParameter) << model.id;
+      EXPECT_EQ(bench.write(at, size + 1), kInvalidParameter) << model.id;
+      EXPECT_EQ(bench.read(at), size) << model.id;
+    }
+    EXPECT_TRUE(bench.stream.applied.window == model.sensor) << model.id;
+  }
 }
 
 TEST_F(DeviceUnderControl, ImageRegisters_WithTransportLocked_AreLocked) {

@@ -114,6 +114,7 @@ TEST_F(Description, Features_AreAllThere) {
                            "AcquisitionStop",
                            "AcquisitionFrameCount",
                            "AcquisitionFrameRate",
+                           "AcquisitionFrameRateMax",
                            "TestPattern",
                            "TLParamsLocked",
                            "GevSCPSPacketSize",
