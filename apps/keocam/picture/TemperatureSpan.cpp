@@ -53,8 +53,9 @@ std::vector<ScaleTick> ticksOf(const TemperatureSpan& span, std::size_t most) {
   RoundStep step{static_cast<int>(std::floor(std::log10(span.high - span.low))) - 2, 0};
   while (lastOf(span, step) - firstOf(span, step) + 1.0 > static_cast<double>(most)) step = step.next();
   std::vector<ScaleTick> ticks;
-  for (double number = firstOf(span, step); number <= lastOf(span, step); number += 1.0) {
-    const double temperature = number * step.value();
+  const auto count = static_cast<int>(lastOf(span, step) - firstOf(span, step)) + 1;
+  for (int i = 0; i < count; ++i) {
+    const double temperature = (firstOf(span, step) + i) * step.value();
     ticks.push_back({(temperature - span.low) / (span.high - span.low), labelOf(temperature, step)});
   }
   return ticks;

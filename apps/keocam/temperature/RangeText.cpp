@@ -8,25 +8,25 @@ namespace {
 
 struct EndRow {
   RangeChangeEnd end;
+  bool by_core;  // the status says why
   const char* how_it_stands;
   const char* what_to_do;
-  bool by_core;  // the status says why
 };
 
 constexpr const char* kAgain = "Run it again: that repairs what was left undone.";
 
 constexpr EndRow kRows[] = {
-    {RangeChangeEnd::Changed, "nothing is left to do", "", false},
-    {RangeChangeEnd::UnknownRange, "there is no such range; nothing was sent", "", false},
-    {RangeChangeEnd::LensLacksRange, "the lens is not calibrated for it; nothing was sent",
-     "\"keocam lens list\" tells the lenses that are.", false},
-    {RangeChangeEnd::GainNotSet, "the core stays in the range that it is in", "", true},
-    {RangeChangeEnd::TableNotUsed, "the gain is set, but the core may still correct with another range's table", kAgain,
-     true},
-    {RangeChangeEnd::ResolutionNotSet,
-     "the gain is set, but the core's own temperatures may have another range's resolution", kAgain, true},
-    {RangeChangeEnd::FlatFieldNotDone, "the range is set, but the flat field is that of the range before",
-     "Make the correction with \"keocam ffc\".", true},
+    {RangeChangeEnd::Changed, false, "nothing is left to do", ""},
+    {RangeChangeEnd::UnknownRange, false, "there is no such range; nothing was sent", ""},
+    {RangeChangeEnd::LensLacksRange, false, "the lens is not calibrated for it; nothing was sent",
+     "\"keocam lens list\" tells the lenses that are."},
+    {RangeChangeEnd::GainNotSet, true, "the core stays in the range that it is in", ""},
+    {RangeChangeEnd::TableNotUsed, true, "the gain is set, but the core may still correct with another range's table",
+     kAgain},
+    {RangeChangeEnd::ResolutionNotSet, true,
+     "the gain is set, but the core's own temperatures may have another range's resolution", kAgain},
+    {RangeChangeEnd::FlatFieldNotDone, true, "the range is set, but the flat field is that of the range before",
+     "Make the correction with \"keocam ffc\"."},
 };
 
 const EndRow& rowOf(RangeChangeEnd end) {

@@ -19,11 +19,11 @@ constexpr Verb kSet{"set", "Change the range; takes some seconds", "keocam range
 
 constexpr const char* kSetNotes =
     "The range is low, middle or high. High is for lenses that are calibrated for it\n"
-    "and needs the folder of calibrations. At the end the core corrects its flat field.\n\n";
+    "and needs the folder of calibrations. The core's flat field is corrected last.\n\n";
 
 constexpr const char* kMeasureNotes =
-    "REGION is one of these, in pixels from the top left, with NAME= before it to give\n"
-    "it a name; without any, the whole picture and its centre are measured:\n"
+    "REGION is one of these, in pixels from the top left, with NAME= before it to\n"
+    "give it a name; without any, the whole picture and its centre are measured:\n"
     "  spot:X,Y[,RADIUS]              box:X,Y,WIDTH,HEIGHT\n"
     "  ellipse:X,Y,RADIUS_X,RADIUS_Y  line:X1,Y1,X2,Y2\n"
     "  polygon:X1,Y1,X2,Y2,X3,Y3,...\n\n";
@@ -57,7 +57,7 @@ void addLensOptions(CLI::App& app, std::string& calibrations, std::optional<std:
 void addThermometerOptions(CLI::App& app, ThermometerOptions& options) {
   addCameraOption(app, options.serial_number);
   addLensOptions(app, options.calibrations, options.lens);
-  app.add_option("--range", options.range, "The core's range: low, middle or high; else by its gain")
+  app.add_option("--range", options.range, "low, middle or high; else by the core's gain")
       ->type_name("RANGE")
       ->check(rangeNamed());
   app.add_option("--unit", options.unit, "C, K or F; C if not given")->type_name("UNIT");
@@ -76,8 +76,7 @@ void addMeasure(CLI::App& app, Command& chosen) {
   addThermometerOptions(*command, options.thermometer);
   command->add_option("-p,--percentile", options.percents, "A percentile too, 0 to 100; may be repeated")
       ->type_name("P")
-      ->expected(1)
-      ->take_all()
+      ->allow_extra_args(false)
       ->check(numberFrom(0.0, 100.0));
   command->add_option("--histogram", options.histogram_bins, "A histogram of each region with N bins")
       ->type_name("N")

@@ -37,14 +37,16 @@ TEST(MeasureReport, PixelsWithoutTemperature_GetAColumn) {
 }
 
 TEST(MeasureReport, Fahrenheit_ScalesDeviationsWithoutTheirZero) {
-  EXPECT_EQ(measureTable(measured({"a=box:0,0,2,2"}), {{50.0, 99.5}, {}}, kFahrenheit, 80),
+  const MeasureDetails details{{50.0, 99.5}, {}};
+  EXPECT_EQ(measureTable(measured({"a=box:0,0,2,2"}, details), details, kFahrenheit, 80),
             "REGION  MIN °F  MEAN °F  MAX °F  SD    MAX AT  P50    P99.5\n"
             "a       50.00   54.50    59.00   3.71  1,1     54.50  58.97\n");
 }
 
 TEST(MeasureReport, LongNames_AreCutToTheWidth) {
   const std::string name(200, 'n');
-  std::istringstream lines(measureTable(measured({name + "=spot:0,0"}), {{5.0, 50.0, 95.0}, {}}, kCelsius, 80));
+  const MeasureDetails details{{5.0, 50.0, 95.0}, {}};
+  std::istringstream lines(measureTable(measured({name + "=spot:0,0"}, details), details, kCelsius, 80));
   for (std::string line; std::getline(lines, line);) EXPECT_LE(columnsOf(line), 80U) << line;
 }
 

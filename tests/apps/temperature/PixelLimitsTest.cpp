@@ -15,9 +15,10 @@ SensorModel modelOf(const SensorResponse& response, RawMeaning meaning) {
 }
 
 const SensorResponse kLowRange{1428.0, 1.0, 342.0, 22.1396484, 16556.0};
+const SensorResponse kMiddleRange{1470.0, 1.0, 754.0, 3.0694580078125, 18514.0};
 
 TEST(PixelLimits, Limits_AreWhereTheModelStopsAtThem) {
-  const SensorModel model = modelOf(kLowRange, RawMeaning::Counts);
+  const SensorModel model = modelOf(kMiddleRange, RawMeaning::Counts);
   const RawLimits limits = rawLimitsOf(model);
   ASSERT_GT(limits.low.first, 0) << "the coldest raw values have no temperature";
   ASSERT_LT(limits.low.last, limits.high.first);
@@ -26,6 +27,12 @@ TEST(PixelLimits, Limits_AreWhereTheModelStopsAtThem) {
   EXPECT_EQ(model.celsius(static_cast<uint16_t>(limits.high.first)), 550.0);
   EXPECT_LT(model.celsius(static_cast<uint16_t>(limits.high.first - 1)), 550.0);
   EXPECT_EQ(limits.high.last, UINT16_MAX);
+}
+
+TEST(PixelLimits, LowRange_DoesNotReachTheHighestTemperature) {
+  const RawLimits limits = rawLimitsOf(modelOf(kLowRange, RawMeaning::Counts));
+  EXPECT_LE(limits.low.first, limits.low.last);
+  EXPECT_GT(limits.high.first, limits.high.last);
 }
 
 TEST(PixelLimits, TemperaturesOfTheCore_HaveNone) {

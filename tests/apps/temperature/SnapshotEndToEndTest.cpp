@@ -24,7 +24,7 @@ class KeocamSnapshot : public testing::Test {
  protected:
   // The file that the program writes; the arguments stand behind its name.
   std::string written(const char* name, Arguments arguments = {}) {
-    const std::string path = folder_.file(name);
+    std::string path = folder_.file(name);
     Arguments all{"snapshot", path};
     all.insert(all.end(), arguments.begin(), arguments.end());
     const Ended snapshot = keocam(simulated_.with(all));
