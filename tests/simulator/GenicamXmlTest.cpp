@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <map>
 #include <string>
 #include <vector>
@@ -194,6 +195,31 @@ TEST_F(Description, Integers_TakeTheirBoundsAndNothingBeyond) {
     ++seen;
   }
   EXPECT_GE(seen, 10);
+}
+
+TEST_F(Description, Floats_TakeTheirBoundsAndNothingBeyond) {
+  const auto bits = [](float value) {
+    uint32_t word = 0;
+    std::memcpy(&word, &value, sizeof word);
+    return word;
+  };
+  const auto registerOf = [this](const Node& node) { return nodes.at(node.leaf("pValue")).number("Address"); };
+  int seen = 0;
+  for (const auto& [name, node] : nodes) {
+    if (node.kind != "Float" || node.leaf("Min").empty()) continue;
+    const auto minimum = static_cast<float>(node.number("Min"));
+    const uint32_t maximum_bits = bench.read(registerOf(nodes.at(node.leaf("pMax"))));
+    float maximum = 0;
+    std::memcpy(&maximum, &maximum_bits, sizeof maximum);
+    const uint32_t at = registerOf(node);
+    EXPECT_EQ(bench.write(at, bits(minimum)), 0) << name;
+    EXPECT_EQ(bench.write(at, bits(maximum)), 0) << name;
+    EXPECT_EQ(bench.write(at, bits(minimum - 0.01F)), 0x8002) << name;
+    EXPECT_EQ(bench.write(at, bits(maximum + 0.01F)), 0x8002) << name;
+    EXPECT_EQ(bench.read(at), maximum_bits) << name;
+    ++seen;
+  }
+  EXPECT_EQ(seen, 1);
 }
 
 TEST_F(Description, Enumerations_TakeTheirEntriesAndNothingElse) {
