@@ -52,8 +52,9 @@ std::string CameraArguments::serialOf(uint32_t index, const CoreModel* model) co
 }
 
 double CameraArguments::rateWith(const std::optional<CoreIdentity>& core) const {
-  const std::optional<double> limit_hz = core ? frameRateLimitHz(*core) : std::nullopt;
   const double rate_hz = frame_rate_hz_.value_or(usual_.frame_rate_hz);
+  if (!core) return rate_hz;
+  const std::optional<double> limit_hz = frameRateLimitHz(*core);
   if (!limit_hz || rate_hz <= *limit_hz) return rate_hz;
   if (!frame_rate_hz_) return *limit_hz;
   throw CLI::ValidationError("--fps", "the slow core " + core->part_number + " makes at most " +
