@@ -1,4 +1,4 @@
-// Connection: device, stream and pipeline.
+// Connection: device, stream, pipeline and core.
 #include "camera/Camera.h"
 
 #include <unistd.h>
@@ -10,6 +10,7 @@
 #include "PvStreamGEV.h"
 #include "base/Log.h"
 #include "camera/SystemClock.h"
+#include "serial/CameraSerialSettings.h"
 
 namespace {
 
@@ -83,7 +84,15 @@ int Camera::Connect() {
   pipeline = CreatePipeline(device, stream);
   pipelineDeleted_ = false;
   if (!IsConnected()) return -1;
+  HandOverToCore();
   return stream->IsOpen() ? 0 : -1;
+}
+
+// What the core's start-up comes to is told by its own lines: frames arrive without a core too.
+void Camera::HandOverToCore() {
+  serialSettings = new CameraSerialSettings(device, PvDeviceSerialBulk0);
+  serialSettings->setCalibrationData(calibrationText, calibrationVersion, serialNumber);
+  serialSettings->SetDefault();
 }
 
 void Camera::ConfigureStream() {

@@ -37,10 +37,17 @@ class Camera {
   Camera(const Camera&) = delete;
   Camera& operator=(const Camera&) = delete;
 
-  /// Connects the device, opens its stream and makes a pipeline of 2 buffers. Returns 0, or -1 on failure; what had
-  /// been made before a failure stays, and Disconnect() releases it. -1 for a camera that is connected already, which
-  /// is left alone. Throws std::out_of_range for a serial number of fewer than 4 characters and std::invalid_argument
-  /// for one without a number at position 4, both before anything is connected.
+  /// Connects the device, opens its stream, makes a pipeline of 2 buffers, puts the camera's calibration in force and
+  /// starts its core up, see CameraSerialSettings::SetDefault. Takes some 4 seconds. Returns 0, or -1 on failure; what
+  /// had been made before a failure stays, and Disconnect() releases it. -1 for a camera that is connected already,
+  /// which is left alone. A core that does not answer, which takes 2 seconds longer to find out, is no failure, since
+  /// frames arrive without one: `serialSettings` tells, its GetIsSupported is then false and its GetCameraPartNumber
+  /// empty.
+  ///
+  /// Throws std::out_of_range for a serial number of fewer than 4 characters and std::invalid_argument for one without
+  /// a number at position 4, both before anything is connected. A calibration that cannot be used throws as
+  /// CameraSerialSettings::setCalibrationData does, and a core with a part number of fewer than 12 characters
+  /// std::out_of_range: device, stream, pipeline and `serialSettings` are then there, but the core is not started up.
   int Connect();
 
   /// Negotiates the packet size and tells the device where to stream to. Connect() calls it.
@@ -89,7 +96,9 @@ class Camera {
   PvBuffer* buffer = nullptr;                       ///< the buffer handed out last, owned by the pipeline
   PvGenParameterArray* parameters = nullptr;        ///< the device's features, owned by the device
   PvDeviceInfo const* deviceInfo = nullptr;         ///< owned by the PvSystem
-  CameraSerialSettings* serialSettings = nullptr;   ///< control of the thermal core; survives Disconnect()
+  /// Control of the thermal core, made by Connect(). It survives Disconnect(), of no use, and the next Connect()
+  /// replaces it. The library never deletes it; an application that connects often does, before the next Connect().
+  CameraSerialSettings* serialSettings = nullptr;
   std::string calibrationText;
   std::string calibrationVersion = "00";
   std::string serialNumber;
@@ -99,6 +108,7 @@ class Camera {
 
  private:
   bool PipelineExists() const;
+  void HandOverToCore();
 
   bool pipelineDeleted_ = false;  // What `pipeline` points to has gone.
 };

@@ -9,6 +9,7 @@
 #include "radiometry/RangeTable.h"
 #include "serial/CheckedExchange.h"
 #include "serial/CoreReadings.h"
+#include "serial/PartNumber.h"
 
 namespace keocam {
 
@@ -110,12 +111,10 @@ CoreValue<bool> readHighGain(CameraSerialSettings& core) {
 }
 
 ResponseStatuses adoptCoreState(CameraSerialSettings& core, RangeModes otherwise) {
-  constexpr std::size_t kRadiometryLetter = 11;
   const CoreValue<std::string> part_number = readPartNumber(core);
   const CoreValue<bool> high_gain = part_number.ok() ? readHighGain(core) : CoreValue<bool>{part_number.status, false};
   if (!high_gain.ok()) return high_gain.status;
-  const char letter = part_number.value.size() > kRadiometryLetter ? part_number.value[kRadiometryLetter] : '\0';
-  const bool radiometric = letter == 'R' || letter == 'I';
+  const bool radiometric = part_number.value.size() > kRadiometryLetter && isRadiometric(part_number.value);
 
   CoreValue<bool> mode{CAM_OK, false};
   CoreValue<bool> high_resolution{CAM_OK, false};

@@ -11,7 +11,8 @@
 #include "serial/ResponseStatuses.h"
 #include "serial/SettingTypes.h"
 
-/// One object per connected camera; the device must be connected, and its bridge set to the core's 57600 baud, 8N1.
+/// One object per connected camera; the device must be connected, and its bridge set to the core's 57600 baud, 8N1,
+/// which SetDefault does.
 ///
 /// Every operation is one exchange or a few, each of which opens the port, asks, waits for the answer and closes the
 /// port again. It blocks its caller meanwhile, some 20 ms as a rule; a silent core costs a getter 0.1 s and a setter
@@ -32,6 +33,16 @@ class CameraSerialSettings {
     LowRange = 0,
     MiddleRange = 1,
     HighRange = 2,  ///< +400 to +1500 degrees Celsius
+  };
+
+  /// The cores that there are, named by the code in their part number. Its first digits are mostly the width.
+  enum Resolution : uint32_t {
+    Resolution640 = 0,  ///< 640 x 512
+    Resolution336 = 1,  ///< 336 x 256
+    Resolution324 = 2,  ///< 320 x 256
+    Resolution168 = 3,  ///< 160 x 128
+    Resolution162 = 4,  ///< 160 x 128
+    Resolution160 = 5,  ///< 160 x 128
   };
 
   /// `device` is not owned and must outlive the last exchange. Nothing is sent.
@@ -284,6 +295,38 @@ class CameraSerialSettings {
   unsigned short GetFWMajorVersion();
   unsigned short GetFWMinorVersion();
 
+  // Identification. All but CheckPartNumber go by the part number in use, and ask nothing of the core.
+
+  /// Asks the core for its part number. Returns 0, or -1 if that failed: the part numbers are then the former ones, and
+  /// GetIsSupported is false. One of the alternative form, which tells a model, is replaced by that which stands for
+  /// the model. An unknown one is no failure.
+  int CheckPartNumber();
+  /// Imposes the part number that stands for a core, and calls it supported. A value that is no resolution leaves the
+  /// part number as it is.
+  void SetPartNumber(Resolution resolution, bool fast);
+  std::string GetCameraPartNumber();  ///< as the core last told it
+  std::string GetPartNumber();        ///< the one in use
+  bool GetIsSupported();              ///< the part number in use is known
+  /// Pixels; -1 for an unknown part number. These two, GetManufacturer and GetModel throw std::out_of_range for a part
+  /// number of fewer than 5 characters, GetIsFastVideoSpeed below 11 and CheckIsRadimetric below 12.
+  int GetResolutionX();
+  int GetResolutionY();
+  bool GetIsFastVideoSpeed();
+  bool CheckIsRadimetric();       ///< the core can measure temperatures
+  std::string GetManufacturer();  ///< empty for an unknown part number
+  std::string GetModel();         ///< "KEO_" and GetResolutionX
+  /// As the calibration tells it: 0 slow, 1 fast, 2 fastest. Where it does not, GetIsFastVideoSpeed.
+  int GetCameraSpeed();
+
+  /// Brings device and core into the state that the rest assumes, which Camera::Connect does too: 14-bit frames of the
+  /// core's size, the bridge at 57600 baud, radiometry where the core has it, default object parameters, automatic
+  /// flat-field correction, LowRange; then corrects the flat field. Takes 3 seconds and a few exchanges. Returns 0, or
+  /// -1 if the device is not connected or the core does not tell its part number, after up to 5 seconds; video then
+  /// comes as the core happens to be set. Nothing else is a failure: a core of an unknown part number, for which
+  /// GetIsSupported is false, keeps the device's frame size. Throws std::out_of_range for a part number of fewer than
+  /// 12 characters.
+  int SetDefault();
+
   // Calibration and lenses. These stand on the calibration in force, see calibration/Calibration.h.
 
   /// Replaces the calibration in force by that of a text: its lenses, and with version 3 and above the speed class of
@@ -327,12 +370,12 @@ class CameraSerialSettings {
 
   PvDevice* device;
   PvDeviceSerial serialPort;
-  bool isRadiometric = false;   ///< the core can measure temperatures
+  bool isRadiometric = false;   ///< the core can measure temperatures; set by SetDefault
   bool radiometryMode = false;  ///< radiometry is switched on
   bool radiometryHighResolutionMode = false;
   std::string cameraPartNumber;     ///< as read from the core
-  std::string partNumber;           ///< as expected for the model
-  bool isSupported = false;         ///< the model is known
+  std::string partNumber;           ///< the one in use
+  bool isSupported = false;         ///< the part number in use is known
   uint32_t temperatureSensor = 0;   ///< what TEMPERATURE reads: 0 sensor, 1 housing
   uint32_t radiometrySelector = 1;  ///< what RADIOMETRY means: 0 high resolution, 1 radiometry itself
   bool debugMessages = false;
