@@ -1,6 +1,6 @@
 // Starting and stopping the acquisition, and handing frames out.
-#include "camera/Camera.h"
 #include "tests/unit/ScriptedTest.h"
+#include "tests/unit/camera/ScriptedCamera.h"
 
 namespace {
 
@@ -21,7 +21,7 @@ class CameraAcquisitionTest : public ScriptedCameraTest {
     PvDevice::Free(camera_.device);
   }
 
-  Camera camera_{info(), "", "00", "ABCD1000"};
+  ScriptedCamera camera_{info(), "", "00", "ABCD1000"};
 };
 
 TEST_F(CameraAcquisitionTest, StartAcquisition_StartsPipelineThenStreamThenDevice) {
@@ -79,7 +79,7 @@ TEST_F(CameraAcquisitionTest, StopAcquisition_DeviceDropped_DoesNothingAndStaysA
 }
 
 TEST_F(CameraAcquisitionTest, StartAcquisition_FeatureThatIsNoCommand_IsTakenAsMissing) {
-  Camera other(info(), "", "00", "ABCD1000");
+  ScriptedCamera other(info(), "", "00", "ABCD1000");
   device_->commands = {"AcquisitionStop"};
   device_->other_features = {"AcquisitionStart"};
   ASSERT_EQ(other.Connect(), 0);
@@ -93,7 +93,7 @@ TEST_F(CameraAcquisitionTest, StartAcquisition_FeatureThatIsNoCommand_IsTakenAsM
 }
 
 TEST_F(CameraAcquisitionTest, Acquisition_DeviceWithoutEitherCommand_DoesNotCrash) {
-  Camera other(info(), "", "00", "ABCD1000");
+  ScriptedCamera other(info(), "", "00", "ABCD1000");
   device_->commands = {};
   ASSERT_EQ(other.Connect(), 0);
   other.StartAcquisition();
@@ -103,7 +103,7 @@ TEST_F(CameraAcquisitionTest, Acquisition_DeviceWithoutEitherCommand_DoesNotCras
 }
 
 TEST_F(CameraAcquisitionTest, Acquisition_NeverConnectedCamera_DoesNotCrash) {
-  Camera other(info(), "", "00", "ABCD1000");
+  ScriptedCamera other(info(), "", "00", "ABCD1000");
   other.StartAcquisition();
   EXPECT_EQ(other.RetreiveBuffer(), nullptr);
   other.ReleaseBuffer();

@@ -1,8 +1,8 @@
 // Disconnection, and what a camera leaves behind.
 #include <type_traits>
 
-#include "camera/Camera.h"
 #include "tests/unit/ScriptedTest.h"
+#include "tests/unit/camera/ScriptedCamera.h"
 
 namespace {
 
@@ -11,13 +11,13 @@ using testing::ElementsAre;
 using CameraDisconnectTest = ScriptedCameraTest;
 
 TEST_F(CameraDisconnectTest, Disconnect_NeverConnected_SleepsOneSecondAndPrintsNothing) {
-  Camera camera(info(), "", "00", "ABCD1000");
+  ScriptedCamera camera(info(), "", "00", "ABCD1000");
   camera.Disconnect();
   EXPECT_THAT(takeAll(), ElementsAre("sleep 1 s"));
 }
 
 TEST_F(CameraDisconnectTest, Disconnect_Connected_ReleasesPipelineStreamDeviceInThisOrder) {
-  Camera camera(info(), "", "00", "ABCD1000");
+  ScriptedCamera camera(info(), "", "00", "ABCD1000");
   camera.Connect();
   const PvPipeline* const pipeline = camera.pipeline;
   log().clear();
@@ -35,7 +35,7 @@ TEST_F(CameraDisconnectTest, Disconnect_Connected_ReleasesPipelineStreamDeviceIn
 }
 
 TEST_F(CameraDisconnectTest, Disconnect_Acquiring_StopsTheAcquisitionFirst) {
-  Camera camera(info(), "", "00", "ABCD1000");
+  ScriptedCamera camera(info(), "", "00", "ABCD1000");
   camera.Connect();
   camera.StartAcquisition();
   log().clear();
@@ -48,7 +48,7 @@ TEST_F(CameraDisconnectTest, Disconnect_Acquiring_StopsTheAcquisitionFirst) {
 }
 
 TEST_F(CameraDisconnectTest, Disconnect_DeviceLost_ClosesTheStreamAndKeepsTheDevice) {
-  Camera camera(info(), "", "00", "ABCD1000");
+  ScriptedCamera camera(info(), "", "00", "ABCD1000");
   camera.Connect();
   device_->stays_connected = false;
   log().clear();
@@ -60,7 +60,7 @@ TEST_F(CameraDisconnectTest, Disconnect_DeviceLost_ClosesTheStreamAndKeepsTheDev
 }
 
 TEST_F(CameraDisconnectTest, Disconnect_StreamNotOpen_KeepsTheStreamAndReleasesTheDevice) {
-  Camera camera(info(), "", "00", "ABCD1000");
+  ScriptedCamera camera(info(), "", "00", "ABCD1000");
   camera.Connect();
   device_->stream_stays_open = false;
   log().clear();
@@ -73,7 +73,7 @@ TEST_F(CameraDisconnectTest, Disconnect_StreamNotOpen_KeepsTheStreamAndReleasesT
 
 TEST_F(CameraDisconnectTest, Disconnect_AfterAStreamThatNeverOpened_ReleasesTheDevice) {
   device_->stream_opens = false;
-  Camera camera(info(), "", "00", "ABCD1000");
+  ScriptedCamera camera(info(), "", "00", "ABCD1000");
   ASSERT_EQ(camera.Connect(), -1);
   log().clear();
   camera.Disconnect();
@@ -82,7 +82,7 @@ TEST_F(CameraDisconnectTest, Disconnect_AfterAStreamThatNeverOpened_ReleasesTheD
 }
 
 TEST_F(CameraDisconnectTest, Connect_AfterDisconnect_MakesEverythingAnew) {
-  Camera camera(info(), "", "00", "ABCD1000");
+  ScriptedCamera camera(info(), "", "00", "ABCD1000");
   for (int round = 0; round < 3; ++round) {
     EXPECT_EQ(camera.Connect(), 0);
     EXPECT_EQ(camera.GetStatus(), "Connected");
@@ -92,7 +92,7 @@ TEST_F(CameraDisconnectTest, Connect_AfterDisconnect_MakesEverythingAnew) {
 }
 
 TEST_F(CameraDisconnectTest, Disconnect_Twice_DeletesThePipelineOnce) {
-  Camera camera(info(), "", "00", "ABCD1000");
+  ScriptedCamera camera(info(), "", "00", "ABCD1000");
   camera.Connect();
   camera.Disconnect();
   log().clear();
@@ -101,7 +101,7 @@ TEST_F(CameraDisconnectTest, Disconnect_Twice_DeletesThePipelineOnce) {
 }
 
 TEST_F(CameraDisconnectTest, Disconnect_AfterAFailedReconnect_DeletesNothingTwice) {
-  Camera camera(info(), "", "00", "ABCD1000");
+  ScriptedCamera camera(info(), "", "00", "ABCD1000");
   camera.Connect();
   camera.Disconnect();
 
@@ -121,7 +121,7 @@ TEST_F(CameraDisconnectTest, Disconnect_AfterAFailedReconnect_DeletesNothingTwic
 }
 
 TEST_F(CameraDisconnectTest, RetreiveBuffer_TimeoutAfterAReconnect_ReturnsNullAndNotTheOldFrame) {
-  Camera camera(info(), "", "00", "ABCD1000");
+  ScriptedCamera camera(info(), "", "00", "ABCD1000");
   camera.Connect();
   scripted::network().retrievals = {scripted::Retrieval{uint8_t{7}, {}, 0}};
   ASSERT_NE(camera.RetreiveBuffer(), nullptr);
@@ -134,7 +134,7 @@ TEST_F(CameraDisconnectTest, RetreiveBuffer_TimeoutAfterAReconnect_ReturnsNullAn
 
 TEST_F(CameraDisconnectTest, Acquisition_AfterDisconnect_TouchesNothingThatHasGone) {
   for (const bool lost : {false, true}) {
-    Camera camera(info(), "", "00", "ABCD1000");
+    ScriptedCamera camera(info(), "", "00", "ABCD1000");
     camera.Connect();
     camera.StartAcquisition();
     device_->stays_connected = !lost;
@@ -158,7 +158,7 @@ TEST_F(CameraDisconnectTest, Destructor_ConnectedCamera_TouchesNothingOfTheNetwo
   PvStream* stream = nullptr;
   PvPipeline* pipeline = nullptr;
   {
-    Camera camera(info(), "", "00", "ABCD1000");
+    ScriptedCamera camera(info(), "", "00", "ABCD1000");
     camera.Connect();
     device = camera.device;
     stream = camera.stream;
