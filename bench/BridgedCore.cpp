@@ -1,7 +1,6 @@
 #include "bench/BridgedCore.h"
 
 #include <stdexcept>
-#include <utility>
 
 namespace bench {
 
@@ -21,15 +20,13 @@ simulator::CameraOptions cameraWithCore(const std::string& serial, const std::st
 
 BridgedCore::BridgedCore(Camera& camera) : camera_(camera) {
   if (camera_.Connect() != 0) throw std::runtime_error("cannot connect " + camera_.serialNumber);
-  PvGenParameterArray& features = *camera_.device->GetParameters();
-  for (const auto& [name, value] :
-       {std::pair("BulkSelector", "Bulk0"), std::pair("BulkMode", "UART"), std::pair("BulkBaudRate", "Baud57600"),
-        std::pair("BulkNumOfStopBits", "One"), std::pair("BulkParity", "None")}) {
-    if (!features.SetEnumValue(name, value).IsOK()) throw std::runtime_error(std::string("cannot set ") + name);
-  }
-  core_ = std::make_unique<CameraSerialSettings>(camera_.device, PvDeviceSerialBulk0);
+  core_.reset(camera_.serialSettings);
+  if (!core_->GetIsSupported()) throw std::runtime_error("cannot start the core of " + camera_.serialNumber);
 }
 
-BridgedCore::~BridgedCore() { camera_.Disconnect(); }
+BridgedCore::~BridgedCore() {
+  camera_.Disconnect();
+  camera_.serialSettings = nullptr;
+}
 
 }  // namespace bench

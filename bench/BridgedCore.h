@@ -17,7 +17,7 @@ constexpr double kCharacter_ms = 10.0 * 1000.0 / 57600.0;
 simulator::CameraOptions cameraWithCore(const std::string& serial, const std::string& address, bool pacing,
                                         const simulator::FlashGeometry& flash = simulator::flashGeometryFor(512));
 
-/// A connected camera whose bridge is set up for its core. Throws std::runtime_error if that fails.
+/// A connected camera and its core, started up. Throws std::runtime_error if that fails.
 class BridgedCore {
  public:
   explicit BridgedCore(Camera& camera);

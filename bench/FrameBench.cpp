@@ -10,6 +10,7 @@
 #include "camera/CameraCenter.h"
 #include "pv/aravis/StreamDetails.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/VideoConnection.h"
 
 namespace {
 
@@ -58,8 +59,9 @@ CameraCenter& center() {
 }
 
 void keocamFrames(benchmark::State& state) {
-  Camera& camera = *center().cameras.at(0);
-  if (camera.Connect() != 0) {
+  // A new one for each run, since it can be connected like this only once.
+  Camera camera(center().cameras.at(0)->deviceInfo);
+  if (!test_support::connectVideo(camera)) {
     state.SkipWithError("cannot connect");
     return;
   }

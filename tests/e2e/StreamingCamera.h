@@ -1,4 +1,4 @@
-// A camera found, connected and acquiring, as an application has it.
+// A camera found, connected and acquiring.
 #pragma once
 
 #include <memory>
@@ -12,6 +12,10 @@ namespace e2e {
 /// Options for the simulated camera number `index`: its own address and serial number, the others' defaults.
 simulator::CameraOptions cameraOptions(unsigned int index, double frame_rate_hz);
 
+/// `camera` with a core that answers at once and moves its shutter fast. Its part number is `part_number`, or that
+/// which goes with the sensor.
+simulator::CameraOptions withFastCore(simulator::CameraOptions camera, const std::string& part_number = "");
+
 /// The camera of `center` with this serial number; throws std::runtime_error if there is none.
 Camera& cameraOf(CameraCenter& center, const std::string& serial_number);
 
@@ -19,8 +23,9 @@ Camera& cameraOf(CameraCenter& center, const std::string& serial_number);
 /// a second at 60 frames per second, loses nothing.
 constexpr unsigned int kAmpleBuffers = 30;
 
-/// Connects `camera`, with a pipeline of as many buffers; throws std::runtime_error if that fails. Stops an acquisition
-/// and disconnects at the end, which takes a second.
+/// Connects `camera` for its frames, with a pipeline of as many buffers, and leaves its core as it is; throws
+/// std::runtime_error if that fails. Stops an acquisition and disconnects at the end, which takes a second. Once per
+/// camera.
 class Connection {
  public:
   explicit Connection(Camera& camera, unsigned int buffers = kAmpleBuffers);
@@ -32,7 +37,22 @@ class Connection {
   Camera& camera_;
 };
 
-/// A connected camera that acquires.
+/// Ends a connection of either kind, and deletes its core's object.
+void disconnect(Camera& camera);
+
+/// Connects `camera` by Camera::Connect, which starts its core up and takes some 4 seconds; for the rest as Connection.
+class StartedConnection {
+ public:
+  explicit StartedConnection(Camera& camera);
+  ~StartedConnection();
+  StartedConnection(const StartedConnection&) = delete;
+  StartedConnection& operator=(const StartedConnection&) = delete;
+
+ private:
+  Camera& camera_;
+};
+
+/// A camera connected for its frames that acquires.
 class Acquisition {
  public:
   explicit Acquisition(Camera& camera, unsigned int buffers = kAmpleBuffers);

@@ -8,6 +8,7 @@
 #include "camera/CameraCenter.h"
 #include "pv/aravis/DeviceDetails.h"
 #include "pv/aravis/StreamDetails.h"
+#include "serial/CameraSerialSettings.h"
 #include "tests/support/ChildProcess.h"
 
 namespace {
@@ -34,7 +35,10 @@ TEST(FakeCamera, ListConnectStream_FiftyFrames) {
   EXPECT_EQ(keocam::detailsOf(*camera.deviceInfo).model, "Fake");
   EXPECT_EQ(keocam::useOf(*camera.deviceInfo), keocam::DeviceUse::Free);
 
+  // It has no core, nor the features of a bridge to one.
   ASSERT_EQ(camera.Connect(), 0);
+  const std::unique_ptr<CameraSerialSettings> settings(camera.serialSettings);
+  EXPECT_FALSE(settings->GetIsSupported());
   EXPECT_EQ(keocam::useOf(*camera.deviceInfo), keocam::DeviceUse::ThisProcess);
   camera.StartAcquisition();
   uint64_t previous = 0;
