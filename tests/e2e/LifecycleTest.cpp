@@ -4,6 +4,7 @@
 #include <chrono>
 #include <thread>
 
+#include "serial/CameraSerialSettings.h"
 #include "tests/e2e/FrameCheck.h"
 #include "tests/e2e/StreamingCamera.h"
 
