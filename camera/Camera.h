@@ -42,7 +42,7 @@ class Camera {
   /// had been made before a failure stays, and Disconnect() releases it. -1 for a camera that is connected already,
   /// which is left alone. A core that does not answer, which takes 2 seconds longer to find out, is no failure, since
   /// frames arrive without one: `serialSettings` tells, its GetIsSupported is then false and its GetCameraPartNumber
-  /// empty.
+  /// empty. Nor is a device that is lost during the start-up: IsConnected() tells.
   ///
   /// Throws std::out_of_range for a serial number of fewer than 4 characters and std::invalid_argument for one without
   /// a number at position 4, both before anything is connected. A calibration that cannot be used throws as

@@ -72,7 +72,7 @@ ExitStatus runStreamCommand(const StreamOptions& options, const Console& console
   if (!camera.in_subnet) console.warning(subnetAdvice(camera));
 
   CameraSession session(search.infos()[chosen], camera, calibrationOf(camera, options.calibrations));
-  session.connect();
+  session.connect(console);
   console.detail("Connected to " + nameOf(camera) + ".");
 
   const StreamResult result = streamFrom(session.camera(), options, console, stop);
