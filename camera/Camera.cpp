@@ -18,6 +18,9 @@ namespace {
 constexpr unsigned int kChannel = 0;
 constexpr unsigned int kPipelineBuffers = 2;
 
+// The device's first bulk port, by its number: its name is not part of the seam.
+constexpr auto kCorePort = static_cast<PvDeviceSerial>(2);
+
 // Serial numbers up to this one belong to cameras made before there were speed classes.
 constexpr int kLastNumberWithoutClass = 1702;
 
@@ -94,7 +97,7 @@ void Camera::HandOverToCore() {
   // The calibration and the model are the process': cameras that connect at the same time take turns.
   static std::mutex turn;
   const std::lock_guard<std::mutex> lock(turn);
-  serialSettings = new CameraSerialSettings(device, PvDeviceSerialBulk0);
+  serialSettings = new CameraSerialSettings(device, kCorePort);
   serialSettings->setCalibrationData(calibrationText, calibrationVersion, serialNumber);
   serialSettings->SetDefault();
 }
