@@ -33,9 +33,10 @@ class AnsweringCore {
       --unheard;
       return;
     }
-    // The event is the request in hexadecimal; its fourth byte is the function code.
+    // The event is the call and the request in hexadecimal; its fourth byte is the function code.
+    constexpr std::size_t kBeforeCode = 1 + 9;
     const std::string& event = scripted::eventLog().all().back();
-    const auto code = static_cast<uint8_t>(std::stoi(event.substr(event.find(' ') + 1 + 3 * 3, 2), nullptr, 16));
+    const auto code = static_cast<uint8_t>(std::stoi(event.substr(event.find(' ') + kBeforeCode, 2), nullptr, 16));
     core_frames::Bytes payload = {0, 0};
     if (code == kPartNumber) {
       payload.assign(part_number.begin(), part_number.end());
