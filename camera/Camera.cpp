@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <iostream>
-#include <mutex>
 #include <utility>
 
 #include "PvDeviceGEV.h"
@@ -94,9 +93,6 @@ int Camera::Connect() {
 
 // What the core's start-up comes to is told by its own lines: frames arrive without a core too.
 void Camera::HandOverToCore() {
-  // The calibration and the model are the process': cameras that connect at the same time take turns.
-  static std::mutex turn;
-  const std::lock_guard<std::mutex> lock(turn);
   serialSettings = new CameraSerialSettings(device, kCorePort);
   serialSettings->setCalibrationData(calibrationText, calibrationVersion, serialNumber);
   serialSettings->SetDefault();

@@ -48,6 +48,8 @@ class Camera {
   /// a number at position 4, both before anything is connected. A calibration that cannot be used throws as
   /// CameraSerialSettings::setCalibrationData does, and a core with a part number of fewer than 12 characters
   /// std::out_of_range: device, stream, pipeline and `serialSettings` are then there, but the core is not started up.
+  ///
+  /// Calibration and radiometric model are the process': cameras connect one after the other, and the last is in force.
   int Connect();
 
   /// Negotiates the packet size and tells the device where to stream to. Connect() calls it.
