@@ -1,0 +1,41 @@
+#!/bin/bash
+# Installs a build and looks at what is there: installs_everything.sh CMAKE BUILD PREFIX LIBDIR.
+set -euo pipefail
+cmake=$1 build=$2 prefix=$3 libdir=$4
+
+fail() {
+  echo "FAILED: $*" >&2
+  exit 1
+}
+
+rm -rf "$prefix"
+"$cmake" --install "$build" --prefix "$prefix" >/dev/null
+
+for file in bin/keocam bin/keocam-simulator "$libdir/libkeocam.so" "$libdir/pkgconfig/keocam.pc" \
+  "$libdir/cmake/keocam/keocam-config.cmake" include/keocam/camera/Camera.h include/keocam/PvDevice.h \
+  share/man/man1/keocam.1.gz share/man/man1/keocam-simulator.1.gz \
+  share/bash-completion/completions/keocam share/bash-completion/completions/keocam-simulator; do
+  [ -e "$prefix/$file" ] || fail "$file was not installed"
+done
+
+# Programs take the library by the name of its ABI version, and need no other file of the prefix to run.
+soname=$(readelf -d "$prefix/$libdir/libkeocam.so" | sed -n 's/.*(SONAME).*\[\(.*\)\]/\1/p')
+[[ $soname =~ ^libkeocam\.so\.[0-9]+ ]] || fail "the library's name for the loader is '$soname'"
+[ -e "$prefix/$libdir/$soname" ] || fail "$soname was not installed"
+[[ $(env -i "$prefix/bin/keocam" --version) == keocam\ * ]] || fail "keocam does not run"
+
+# Every header that an installed one includes is installed too.
+cd "$prefix/include/keocam"
+while IFS=: read -r header line; do
+  included=${line#*\"}
+  [ -e "${included%\"*}" ] || fail "$header includes ${included%\"*}, which was not installed"
+done < <(grep -rE '^#include "' .)
+if grep -rE '#include <(arv|glib|gio)' .; then fail "a header needs more than the library"; fi
+
+# Nothing of this machine's folders gets into what other machines read.
+if grep -rIlF "$build" "$prefix/$libdir" "$prefix/share"; then fail "an installed file names the build's folder"; fi
+
+for page in "$prefix"/share/man/man1/*.gz; do
+  warnings=$(LC_ALL=C.UTF-8 man --warnings -l "$page" 2>&1 >/dev/null) || fail "$page cannot be shown: $warnings"
+  [ -z "$warnings" ] || fail "$page: $warnings"
+done
