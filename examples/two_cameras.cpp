@@ -6,6 +6,7 @@
 #include <memory>
 #include <numeric>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include "camera/CameraCenter.h"
@@ -29,9 +30,10 @@ int main() try {
     if (camera->Connect() != 0) throw std::runtime_error("A camera could not be connected.");
     CameraSerialSettings& core = *camera->serialSettings;
     if (!core.GetIsSupported()) throw std::runtime_error("A thermal core does not answer, or is an unknown one.");
-    const auto pixels = static_cast<std::size_t>(core.GetResolutionX() * core.GetResolutionY());
+    const auto width = static_cast<std::size_t>(core.GetResolutionX());
+    std::vector<float> celsius(width * static_cast<std::size_t>(core.GetResolutionY()));
     // Pinned before the next camera is connected.
-    sources.push_back({std::move(camera), keocam::TemperatureConverter(core).pin(), std::vector<float>(pixels)});
+    sources.push_back({std::move(camera), keocam::TemperatureConverter(core).pin(), std::move(celsius)});
   }
   if (sources.size() < 2) throw std::runtime_error("Fewer than two cameras were found.");
 

@@ -26,7 +26,7 @@ offers "keocam strea" stream
 offers "keocam -q strea" stream
 offers "keocam range ''" show set
 offers "keocam range set ''" low middle high
-offers "keocam core info --" --help --camera --json
+offers "keocam core info --cam" --camera
 offers "keocam stream --pic" --picture
 offers "keocam stream --frames ''"
 offers "keocam stream --picture completion_" completion_offers.sh
