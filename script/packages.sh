@@ -2,8 +2,9 @@
 
 # To build everything.
 build_packages="g++ cmake ninja-build pkg-config libaravis-dev libusb-1.0-0-dev libcli11-dev nlohmann-json3-dev libpng-dev libtiff-dev zlib1g-dev"
-# To test: also peers that others wrote, and the tools that make a network namespace.
-test_packages="libgtest-dev libgmock-dev aravis-tools aravis-tools-cli iproute2 libtiff-tools util-linux"
+# To test: also peers that others wrote, the tools that make a network namespace, and those that look at
+# what is packaged.
+test_packages="dpkg-dev file groff-base libgtest-dev libgmock-dev aravis-tools aravis-tools-cli iproute2 libtiff-tools util-linux"
 demo_packages="iproute2 util-linux"
 package_packages="dpkg-dev file"
 bench_packages="libbenchmark-dev"

@@ -36,6 +36,18 @@ if grep -rE '#include <(arv|glib|gio)' .; then fail "a header needs more than th
 if grep -rIlF "$build" "$prefix/$libdir" "$prefix/share"; then fail "an installed file names the build's folder"; fi
 
 for page in "$prefix"/share/man/man1/*.gz; do
-  warnings=$(LC_ALL=C.UTF-8 man --warnings -l "$page" 2>&1 >/dev/null) || fail "$page cannot be shown: $warnings"
+  warnings=$(gzip -dc "$page" | groff -k -K utf8 -man -Tutf8 -ww -z 2>&1) || fail "$page cannot be shown: $warnings"
   [ -z "$warnings" ] || fail "$page: $warnings"
+done
+
+# A section for each verb, with its options.
+page=$(gzip -dc "$prefix/share/man/man1/keocam.1.gz" | sed 's/\\-/-/g')
+verbs=$("$prefix/bin/keocam" --help | sed -n '/^Verbs:/,/^$/s/^  \([a-z][a-z-]*\) .*/\1/p')
+[ -n "$verbs" ] || fail "keocam --help tells of no verb"
+for verb in $verbs; do
+  grep -qx "\.SS keocam $verb" <<<"$page" || fail "the man page lacks the verb $verb"
+  [ "$verb" != simulate ] || continue
+  for option in $("$prefix/bin/keocam" "$verb" --help | sed -n 's/^  \(-.,\)\{0,1\}\(--[a-z-]*\).*/\2/p'); do
+    grep -Eq "^\.B (.*, )?$option( |$)" <<<"$page" || fail "the man page lacks $option of $verb"
+  done
 done
