@@ -7,9 +7,11 @@
 
 #include "apps/keocam/CommandFailure.h"
 #include "apps/keocam/StopSignal.h"
+#include "apps/keocam/frames/FrameStatistics.h"
 #include "apps/keocam/temperature/LiveText.h"
 #include "apps/keocam/temperature/MeasureReport.h"
 #include "apps/keocam/temperature/Thermometer.h"
+#include "apps/keocam/temperature/WatchReport.h"
 #include "apps/keocam/terminal/PrintableText.h"
 #include "apps/keocam/terminal/Table.h"
 #include "apps/keocam/terminal/Terminal.h"
@@ -76,13 +78,17 @@ class Reporter {
 
   void report(const Conditions& conditions, const Measurement& measurement) {
     if (options_.json) return output_.write(measureJson(conditions, measurement, details_, unit_));
-    if (options_.csv) return output_.write(csvLines(measurement, unit_));
+    if (options_.csv) return output_.write(csvLines(conditions, measurement, unit_));
     if (!options_.watch) {
       return output_.write(measureTable(measurement, details_, unit_, widthOfOutput()) +
                            histogramTables(measurement, unit_));
     }
-    if (!live_) return output_.write(measureLines(measurement, details_, unit_));
-    output_.write(text_.instead(measureTable(measurement, details_, unit_, widthOfOutput() - 1)));
+    if (!live_) {
+      return output_.write(watchLine(conditions, measurement, unit_) + measureLines(measurement, details_, unit_));
+    }
+    const std::size_t width = widthOfOutput() - 1;
+    output_.write(text_.instead(watchTable(conditions, measurement, unit_, width) + '\n' +
+                                measureTable(measurement, details_, unit_, width)));
   }
 
  private:
@@ -94,18 +100,26 @@ class Reporter {
   LiveText text_;
 };
 
+int64_t nanosecondsNow() {
+  return std::chrono::duration_cast<std::chrono::nanoseconds>(SteadyClock::now().time_since_epoch()).count();
+}
+
 void watch(Thermometer& thermometer, Measurer& measurer, Reporter& reporter, const MeasureOptions& options,
            const DataOutput& output, const StopSignal& stop) {
   const auto interval =
       std::chrono::duration_cast<SteadyClock::duration>(std::chrono::duration<double>(options.interval_s));
   uint64_t left = options.count.value_or(UINT64_MAX);
   auto due = SteadyClock::now();
+  FrameStatistics rate;
   // Every frame is fetched, so that the one measured is never an old one that waited in a buffer.
   while (left > 0 && output.hasReader()) {
     const std::optional<ReceivedFrame> frame = thermometer.next(stop);
     if (!frame) return;
+    rate.addFrame(frame->details.block_id, nanosecondsNow(), std::nullopt);
     if (SteadyClock::now() < due) continue;
-    reporter.report(thermometer.conditions(), measurer.measure(*frame));
+    Measurement measurement = measurer.measure(*frame);
+    measurement.frames_per_second = rate.endPeriod().frames_per_second;
+    reporter.report(thermometer.conditions(), measurement);
     --left;
     due = std::max(due + interval, SteadyClock::now());
   }

@@ -4,6 +4,7 @@
 #include "apps/keocam/Json.h"
 #include "apps/keocam/temperature/MeasureReport.h"
 #include "apps/keocam/temperature/NumberText.h"
+#include "apps/keocam/temperature/RangeNames.h"
 #include "apps/keocam/temperature/TimeText.h"
 
 namespace keocam::cli {
@@ -53,24 +54,37 @@ std::string csvPlace(const Pixel& place) {
   return place.x < 0 ? "," : std::to_string(place.x) + ',' + std::to_string(place.y);
 }
 
+std::string csvConditions(const Conditions& conditions, const Measurement& measurement, const DisplayUnit& unit) {
+  const std::optional<double>& rate = measurement.frames_per_second;
+  std::string lens;
+  for (const char c : conditions.lens) lens += c == '"' ? "\"\"" : std::string(1, c);
+  return (rate ? csvNumber(*rate) : "") + ',' + csvNumber(fromCelsius(unit, conditions.core_temperature_celsius)) +
+         ",\"" + lens + "\"," + rangeName(conditions.range);
+}
+
 }  // namespace
 
 std::string measureJson(const Conditions& conditions, const Measurement& measurement, const MeasureDetails& details,
                         const DisplayUnit& unit) {
   Json object = {{"time", isoTime(measurement.time_ns)}, {"unit", unit.letter}};
   object.update(conditionsJson(conditions, unit));
+  const std::optional<double>& rate = measurement.frames_per_second;
+  object["frames_per_second"] = rate ? numberJson(*rate) : Json(nullptr);
   object["regions"] = Json::array();
   for (const RegionResult& region : measurement.regions) object["regions"].push_back(regionJson(region, details, unit));
   return jsonLine(object);
 }
 
 std::string csvHeading(const MeasureDetails& details) {
-  std::string text = "time,region,unit,pixels,min,mean,max,sd,min_x,min_y,max_x,max_y,nan,below_limit,above_limit";
+  std::string text =
+      "time,region,unit,pixels,min,mean,max,sd,min_x,min_y,max_x,max_y,nan,below_limit,above_limit,"
+      "frames_per_second,core_temperature,lens,range";
   for (const double percent : details.percents) text += ",p" + shortText(percent, kDecimals);
   return text + '\n';
 }
 
-std::string csvLines(const Measurement& measurement, const DisplayUnit& unit) {
+std::string csvLines(const Conditions& conditions, const Measurement& measurement, const DisplayUnit& unit) {
+  const std::string conditions_text = csvConditions(conditions, measurement, unit);
   std::string text;
   for (const RegionResult& region : measurement.regions) {
     const Statistics& statistics = region.statistics;
@@ -81,7 +95,7 @@ std::string csvLines(const Measurement& measurement, const DisplayUnit& unit) {
             ',' + csvNumber(fromKelvins(unit, statistics.standard_deviation)) + ',' + csvPlace(statistics.minimum_at) +
             ',' + csvPlace(statistics.maximum_at) + ',' +
             std::to_string(statistics.nan_count + statistics.infinite_count) + ',' +
-            std::to_string(region.limited.low) + ',' + std::to_string(region.limited.high);
+            std::to_string(region.limited.low) + ',' + std::to_string(region.limited.high) + ',' + conditions_text;
     for (const double celsius : region.percentiles) text += ',' + csvNumber(fromCelsius(unit, celsius));
     text += '\n';
   }

@@ -24,9 +24,9 @@ std::string measureLines(const Measurement& measurement, const MeasureDetails& d
 std::string measureJson(const Conditions& conditions, const Measurement& measurement, const MeasureDetails& details,
                         const DisplayUnit& unit);
 
-/// The names of the columns, and a line per region. Numbers that there are not are empty.
+/// The names of the columns, and a line per region. Numbers and a lens that there are not are empty.
 std::string csvHeading(const MeasureDetails& details);
-std::string csvLines(const Measurement& measurement, const DisplayUnit& unit);
+std::string csvLines(const Conditions& conditions, const Measurement& measurement, const DisplayUnit& unit);
 
 /// What a person has to be told of pixels without a temperature and of those beyond the model's limits; empty if
 /// nothing. One line per region concerned.

@@ -16,7 +16,8 @@ HistogramBins binsFor(const Statistics& statistics, int count) {
 
 Measurement measureRegions(const TemperatureFrame& frame, const std::vector<PlacedRegion>& regions,
                            const RawLimits& limits, const MeasureDetails& details) {
-  Measurement result{frame.time_ns, {}};
+  Measurement result;
+  result.time_ns = frame.time_ns;
   const TemperatureImage<float> image = frame.image();
   for (const PlacedRegion& region : regions) {
     RegionResult measured{

@@ -32,6 +32,7 @@ struct RegionResult {
 struct Measurement {
   uint64_t time_ns = 0;  ///< of the frame, since 1970
   std::vector<RegionResult> regions;
+  std::optional<double> frames_per_second;  ///< since the measurement before; where there was none, nothing
 };
 
 Measurement measureRegions(const TemperatureFrame& frame, const std::vector<PlacedRegion>& regions,

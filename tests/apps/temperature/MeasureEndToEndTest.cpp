@@ -151,7 +151,7 @@ TEST(KeocamMeasure, OnATerminal_TheTableIsRewritten) {
   ChildProcess process({"env", "TERM=xterm", "script", "-qec", command, "/dev/null"});
   const Ended watch = ended(process);
   EXPECT_EQ(watch.status, 0) << watch.output;
-  EXPECT_TRUE(contains(watch.output, "\x1b[2AREGION  MIN °C")) << watch.output;
+  EXPECT_TRUE(contains(watch.output, "\x1b[5AFRAMES/S  CORE °C  LENS  RANGE")) << watch.output;
 }
 
 TEST(KeocamMeasure, RegionPartlyOutside_IsWarnedOf) {

@@ -9,6 +9,7 @@
 
 #include "FailureText.h"
 #include "MeasuredFrame.h"
+#include "apps/keocam/temperature/WatchReport.h"
 #include "apps/keocam/terminal/PrintableText.h"
 #include "apps/keocam/terminal/Table.h"
 
@@ -115,10 +116,38 @@ TEST(MeasureReport, ConditionsOfACoreThatComputes_LackWhatItDoesNotKnow) {
 TEST(MeasureReport, Csv_HasAsManyFieldsAsItsHeading) {
   const MeasureDetails details{{5.0, 95.0}, {}};
   EXPECT_EQ(csvHeading(details),
-            "time,region,unit,pixels,min,mean,max,sd,min_x,min_y,max_x,max_y,nan,below_limit,above_limit,p5,p95\n");
-  EXPECT_EQ(csvLines(measured({"box:0,0,2,1", "n=spot:3,1"}, details), kCelsius),
-            "2026-11-21T09:15:36.123Z,\"box:0,0,2,1\",C,2,10.000,10.500,11.000,0.500,0,0,1,0,0,0,0,10.050,10.950\n"
-            "2026-11-21T09:15:36.123Z,\"n\",C,0,,,,,,,,,1,0,0,,\n");
+            "time,region,unit,pixels,min,mean,max,sd,min_x,min_y,max_x,max_y,nan,below_limit,above_limit,"
+            "frames_per_second,core_temperature,lens,range,p5,p95\n");
+  Measurement measurement = measured({"box:0,0,2,1", "n=spot:3,1"}, details);
+  EXPECT_EQ(csvLines(usualConditions(), measurement, kCelsius),
+            "2026-11-21T09:15:36.123Z,\"box:0,0,2,1\",C,2,10.000,10.500,11.000,0.500,0,0,1,0,0,0,0,"
+            ",25.100,\"L25mm\",low,10.050,10.950\n"
+            "2026-11-21T09:15:36.123Z,\"n\",C,0,,,,,,,,,1,0,0,,25.100,\"L25mm\",low,,\n");
+
+  measurement = measured({"n=spot:3,1"});
+  measurement.frames_per_second = 29.97;
+  Conditions conditions = usualConditions();
+  conditions.lens = "2\"";
+  EXPECT_EQ(csvLines(conditions, measurement, kKelvin),
+            "2026-11-21T09:15:36.123Z,\"n\",K,0,,,,,,,,,1,0,0,29.970,298.250,\"2\"\"\",low\n");
+}
+
+TEST(MeasureReport, Watching_TellsRateAndConditions) {
+  Measurement measurement = measured({"spot:0,0"});
+  Conditions conditions = usualConditions();
+  EXPECT_EQ(watchLine(conditions, measurement, kCelsius),
+            "2026-11-21T09:15:36.123Z - frames/s, core 25.1 °C, lens L25mm, range low\n");
+  measurement.frames_per_second = 8.96;
+  EXPECT_EQ(watchTable(conditions, measurement, kCelsius, 79),
+            "FRAMES/S  CORE °C  LENS   RANGE\n"
+            "9.0       25.1     L25mm  low\n");
+  conditions.lens.clear();
+  EXPECT_EQ(watchTable(conditions, measurement, kFahrenheit, 79),
+            "FRAMES/S  CORE °F  LENS  RANGE\n"
+            "9.0       77.2     -     low\n");
+  EXPECT_EQ(json::parse(measureJson(conditions, measurement, {}, kCelsius))["frames_per_second"], 8.96);
+  measurement.frames_per_second.reset();
+  EXPECT_TRUE(json::parse(measureJson(conditions, measurement, {}, kCelsius))["frames_per_second"].is_null());
 }
 
 TEST(MeasureReport, Histogram_HasALinePerBin) {
