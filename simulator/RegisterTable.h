@@ -77,6 +77,7 @@ inline constexpr Field kRegisterTable[] = {
     rows::number(0x064C),
     rows::number(0x065C),
     rows::number(0x066C),
+    rows::fixed(0x0670, 1000).in("Mbps").as("GevLinkSpeed", rows::kTransport, "Speed of the network link.").shownTo(rows::kExpert),
     rows::fixed(0x0900),
     rows::fixed(0x0904, 1),
     rows::fixed(0x0908),

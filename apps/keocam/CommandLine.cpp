@@ -18,6 +18,7 @@ namespace keocam::cli {
 namespace {
 
 constexpr Verb kList{"list", "Show the cameras on this host's networks", "keocam list --json"};
+constexpr Verb kInfo{"info", "All that is known of a camera", "keocam info --camera KEOD2001"};
 constexpr Verb kStream{"stream", "Receive frames and tell how well that goes",
                        "keocam stream --camera KEOD2001 --frames 100 --picture last.png"};
 constexpr Verb kSimulate{"simulate", "Run a camera in software (keocam-simulator)", "keocam simulate --cameras 2"};
@@ -26,7 +27,7 @@ constexpr Verb kSimulate{"simulate", "Run a camera in software (keocam-simulator
 constexpr double kLongest_s = 1e8;
 
 std::vector<Verb> allVerbs() {
-  std::vector<Verb> verbs{kList, kStream};
+  std::vector<Verb> verbs{kList, kInfo, kStream};
   for (const Verb& verb : temperatureVerbs()) verbs.push_back(verb);
   for (const Verb& verb : coreVerbs()) verbs.push_back(verb);
   verbs.push_back(lensVerb());
@@ -68,6 +69,13 @@ CLI::Validator secondsFrom(double least_s) {
 void addList(CLI::App& app, Command& chosen) {
   const auto verb = addVerbWithOptions<ListOptions>(app, kList, chosen);
   verb.app->add_flag("--json", verb.options.json, "Print an array of objects instead of a table");
+}
+
+void addInfo(CLI::App& app, Command& chosen) {
+  const auto verb = addVerbWithOptions<CameraInfoOptions>(app, kInfo, chosen, "Nothing changes on the camera.\n\n");
+  addCameraOption(*verb.app, verb.options.serial_number);
+  addCalibrationsOption(*verb.app, verb.options.calibrations);
+  verb.app->add_flag("--json", verb.options.json, "Print an object instead of a table");
 }
 
 void addStream(CLI::App& app, Command& chosen) {
@@ -145,6 +153,7 @@ std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>
   app.get_formatter()->label("SUBCOMMAND", "VERB");
   app.footer(footer());
   addList(app, invocation.command);
+  addInfo(app, invocation.command);
   addStream(app, invocation.command);
   addTemperatureVerbs(app, invocation.command);
   addCoreVerbs(app, invocation.command);

@@ -17,6 +17,7 @@
 #include "apps/keocam/core/InfoCommand.h"
 #include "apps/keocam/core/ResetCommand.h"
 #include "apps/keocam/core/SetCommand.h"
+#include "apps/keocam/info/CameraInfoCommand.h"
 #include "apps/keocam/lens/LensCurrentCommand.h"
 #include "apps/keocam/lens/LensListCommand.h"
 #include "apps/keocam/lens/LensSetCommand.h"
@@ -31,10 +32,11 @@ struct SimulateOptions {
 };
 
 /// The options of the verb.
-using Command = std::variant<ListOptions, StreamOptions, SimulateOptions, GetOptions, SetOptions, FfcOptions,
-                             InfoOptions, ResetOptions, DefaultsOptions, FactoryDefaultsOptions, LensListOptions,
-                             LensCurrentOptions, LensSetOptions, CalibrationShowOptions, CalibrationCheckOptions,
-                             MeasureOptions, SnapshotOptions, RangeShowOptions, RangeSetOptions>;
+using Command =
+    std::variant<ListOptions, CameraInfoOptions, StreamOptions, SimulateOptions, GetOptions, SetOptions, FfcOptions,
+                 InfoOptions, ResetOptions, DefaultsOptions, FactoryDefaultsOptions, LensListOptions,
+                 LensCurrentOptions, LensSetOptions, CalibrationShowOptions, CalibrationCheckOptions, MeasureOptions,
+                 SnapshotOptions, RangeShowOptions, RangeSetOptions>;
 
 /// What the user asked for.
 struct Invocation {

@@ -32,6 +32,7 @@ class Runner {
   explicit Runner(Verbosity verbosity) : console_(verbosity), output_(verbosity == Verbosity::Verbose) {}
 
   ExitStatus operator()(const ListOptions& options) { return runList(options, console_, output_); }
+  ExitStatus operator()(const CameraInfoOptions& options) { return runCameraInfo(options, console_, output_); }
   ExitStatus operator()(const StreamOptions& options) { return runStreamCommand(options, console_, output_); }
   ExitStatus operator()(const MeasureOptions& options) { return runMeasure(options, console_, output_); }
   ExitStatus operator()(const SnapshotOptions& options) { return runSnapshot(options, console_); }

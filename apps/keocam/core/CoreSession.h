@@ -35,9 +35,13 @@ class CoreSession {
   /// Only once connected.
   CameraSerialSettings& core() { return *core_; }
 
-  /// The connected device, and what describes it. Only once connected.
-  PvDevice& device() { return *device_; }
+  /// What describes the camera.
   const PvDeviceInfo& info() const { return *search_.infos()[chosen_]; }
+
+  /// The device; null until connect() has taken control of it. It is there even if the core did not answer then.
+  PvDevice* controlledDevice() { return device_.get(); }
+  /// The same. Only once connected.
+  PvDevice& device() { return *device_; }
 
   /// One no-operation; prints nothing.
   ResponseStatuses ask();

@@ -12,21 +12,24 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-Json jsonOf(const SettingReading& reading) {
+Json jsonOf(const SettingReading& reading) { return reading.value.ok() ? settingValueJson(reading) : Json(nullptr); }
+
+TableRow shortRow(const SettingReading& reading) {
   const auto& [setting, value] = reading;
-  if (!value.ok()) return nullptr;
+  return {setting->name, value.ok() ? settingValueText(reading) : "not read", setting->unit};
+}
+
+}  // namespace
+
+std::string settingValueText(const SettingReading& reading) { return valueText(*reading.setting, reading.value.value); }
+
+Json settingValueJson(const SettingReading& reading) {
+  const auto& [setting, value] = reading;
   if (isSwitch(*setting)) return value.value != 0;
   if (decimalsOf(*setting) > 0) return inUnits(*setting, value.value);
   if (setting->choices.empty()) return value.value;
   return valueText(*setting, value.value);
 }
-
-TableRow shortRow(const SettingReading& reading) {
-  const auto& [setting, value] = reading;
-  return {setting->name, value.ok() ? valueText(*setting, value.value) : "not read", setting->unit};
-}
-
-}  // namespace
 
 std::string settingTable(const std::vector<SettingReading>& readings, std::size_t width) {
   std::vector<TableRow> rows;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,10 @@ struct SettingReading {
   const SettingRow* setting;
   CoreValue<int> value;
 };
+
+/// One that was read, in the setting's unit: a number, a choice by its name, a switch as a boolean.
+std::string settingValueText(const SettingReading& reading);
+nlohmann::ordered_json settingValueJson(const SettingReading& reading);
 
 /// A heading, and name, value, unit and what can be set, within `width` columns.
 std::string settingTable(const std::vector<SettingReading>& readings, std::size_t width);

@@ -1,0 +1,20 @@
+#include "apps/keocam/info/CoreModel.h"
+
+#include "serial/PartNumber.h"
+
+namespace keocam::cli {
+
+std::optional<CoreModel> coreModelOf(const std::string& part_number) {
+  std::string known = partNumberIn(part_number);
+  if (known.size() <= kRadiometryLetter) return std::nullopt;
+  if (resolutionOf(known) == nullptr) {
+    const std::optional<KnownModel> alternative = knownModelOf(known);
+    if (!alternative) return std::nullopt;
+    const ResolutionRow& row = *resolutionRow(alternative->resolution);
+    known = alternative->fast ? row.fast : row.slow;
+  }
+  const ResolutionRow& row = *resolutionOf(known);
+  return CoreModel{"KEO_" + std::to_string(row.width), row.width, row.height, isFast(known), isRadiometric(known)};
+}
+
+}  // namespace keocam::cli
