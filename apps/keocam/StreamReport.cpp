@@ -22,7 +22,7 @@ std::string rateText(const StreamPeriod& period) {
   return period.frames_per_second ? fixed(*period.frames_per_second, 1) : "-";
 }
 
-std::string line(const std::string& label, const std::string& value) {
+std::string streamLine(const std::string& label, const std::string& value) {
   constexpr std::size_t kLabelColumns = 16;
   std::string text = label;
   text.resize(kLabelColumns, ' ');
@@ -82,14 +82,14 @@ std::string progressText(const StreamPeriod& second, const StreamPeriod& all) {
 
 std::string streamText(const DeviceDetails& camera, const StreamResult& result) {
   const StreamPeriod& total = result.total;
-  std::string text = line("Camera", nameOf(camera));
-  text += line("Frames", std::to_string(total.frames) + " in " + fixed(result.duration_s, 2) + " s");
-  text += line("Rate", rateText(total) + " frames/s");
-  text += line("Lost", lossText(total));
-  text += line("Packets", packetsText(result));
-  text += line("Packet size", std::to_string(result.packet_size_bytes) + " bytes");
-  text += line("Image", total.frames == 0 ? "-" : imageText(result));
-  text += line("Raw", rawText(total.raw));
+  std::string text = streamLine("Camera", nameOf(camera));
+  text += streamLine("Frames", std::to_string(total.frames) + " in " + fixed(result.duration_s, 2) + " s");
+  text += streamLine("Rate", rateText(total) + " frames/s");
+  text += streamLine("Lost", lossText(total));
+  text += streamLine("Packets", packetsText(result));
+  text += streamLine("Packet size", std::to_string(result.packet_size_bytes) + " bytes");
+  text += streamLine("Image", total.frames == 0 ? "-" : imageText(result));
+  text += streamLine("Raw", rawText(total.raw));
   return text;
 }
 

@@ -24,6 +24,8 @@ std::optional<CalibrationKey> keyAtEndOf(std::string_view text) {
 
 std::string_view nameOf(CalibrationKey key) { return kNames[static_cast<std::size_t>(key)]; }
 
+std::string quoted(CalibrationKey key) { return '"' + std::string(nameOf(key)) + '"'; }
+
 std::vector<KeyedValue> keyedValues(std::string_view text) {
   std::vector<KeyedValue> values;
   for (std::size_t colon = text.find(':'); colon != std::string_view::npos; colon = text.find(':', colon + 1)) {

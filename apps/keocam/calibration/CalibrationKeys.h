@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +15,8 @@ inline constexpr std::size_t kCalibrationKeys = 8;
 
 /// As it stands in a text, its colon included.
 std::string_view nameOf(CalibrationKey key);
+/// The same in double quotes.
+std::string quoted(CalibrationKey key);
 
 struct KeyedValue {
   CalibrationKey key;

@@ -13,7 +13,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string line(const std::string& label, const std::string& value) {
+std::string calibrationLine(const std::string& label, const std::string& value) {
   constexpr std::size_t kLabelColumns = 9;
   std::string text = label;
   text.resize(kLabelColumns, ' ');
@@ -38,12 +38,12 @@ std::string overviewText(const CalibrationOverview& overview, std::size_t width)
     rows.push_back({shownName(lens.name), printable(lens.date), rangesText(lens), std::to_string(lens.low.size_bytes),
                     crcCell(lens.low), crcCell(lens.middle), crcCell(lens.high)});
   }
-  std::string text = line("File", printable(overview.path));
-  if (overview.reading.serial_number) text += line("Camera", printable(*overview.reading.serial_number));
-  text += line("Version", versionText(overview.reading));
-  text += line("Size", std::to_string(overview.size_bytes) + " bytes");
-  text += line("CRC-32", crcText(overview.crc32));
-  if (rows.empty()) return text + line("Lenses", "none");
+  std::string text = calibrationLine("File", printable(overview.path));
+  if (overview.reading.serial_number) text += calibrationLine("Camera", printable(*overview.reading.serial_number));
+  text += calibrationLine("Version", versionText(overview.reading));
+  text += calibrationLine("Size", std::to_string(overview.size_bytes) + " bytes");
+  text += calibrationLine("CRC-32", crcText(overview.crc32));
+  if (rows.empty()) return text + calibrationLine("Lenses", "none");
   return text + '\n' + formatTable({"LENS", "DATE", "RANGES", "BYTES", "CRC LOW", "CRC MID", "CRC HIGH"}, rows, width);
 }
 

@@ -35,8 +35,6 @@ struct FixedText {
 constexpr FixedText kFixedTexts[] = {
     {CalibrationKey::Bb, "digit", 1}, {CalibrationKey::Date, "date", 10}, {CalibrationKey::Lens, "name", 5}};
 
-std::string quoted(CalibrationKey key) { return '"' + std::string(nameOf(key)) + '"'; }
-
 bool isControl(char c) { return static_cast<unsigned char>(c) < 0x20 || c == '\x7F'; }
 
 void checkPresence(const Record& record, int grammar, CalibrationFindings& findings) {

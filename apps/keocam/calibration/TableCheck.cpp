@@ -24,8 +24,6 @@ constexpr SensorRow kSensors[] = {
 
 std::string bytesText(std::size_t bytes) { return std::to_string(bytes) + " bytes"; }
 
-std::string quoted(CalibrationKey key) { return '"' + std::string(nameOf(key)) + '"'; }
-
 std::string sensorsText() {
   std::string text;
   for (const SensorRow& row : kSensors) {

@@ -11,7 +11,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string line(const std::string& label, const std::string& value) {
+std::string infoLine(const std::string& label, const std::string& value) {
   constexpr std::size_t kLabelColumns = 22;
   std::string text = label;
   text.resize(kLabelColumns, ' ');
@@ -21,9 +21,9 @@ std::string line(const std::string& label, const std::string& value) {
 }  // namespace
 
 std::string coreInfoText(const DeviceDetails& camera, const CoreInfo& info) {
-  std::string text = line("Camera", nameOf(camera));
+  std::string text = infoLine("Camera", nameOf(camera));
   for (const CoreField& field : coreFieldsOf(info)) {
-    text += line(field.label, field.status == CAM_OK ? field.text : "not read (" + nameOf(field.status) + ")");
+    text += infoLine(field.label, field.status == CAM_OK ? field.text : "not read (" + nameOf(field.status) + ")");
   }
   return text;
 }

@@ -6,7 +6,7 @@
 namespace keocam::cli {
 namespace {
 
-std::string textOf(const InfoEntry& entry) {
+std::string infoEntryText(const InfoEntry& entry) {
   switch (entry.state) {
     case InfoState::Known:
       return entry.text;
@@ -28,7 +28,7 @@ std::string infoText(const std::vector<InfoSection>& sections, std::size_t width
       rows.push_back({"", ""});
       rows.push_back({section.title, ""});
     }
-    for (const InfoEntry& entry : section.entries) rows.push_back({"  " + entry.label, textOf(entry)});
+    for (const InfoEntry& entry : section.entries) rows.push_back({"  " + entry.label, infoEntryText(entry)});
   }
   return wrappedTable({sections.front().title, ""}, rows, width);
 }

@@ -8,13 +8,13 @@
 namespace keocam::cli {
 namespace {
 
-constexpr Rgb kInk{225, 225, 230};
+constexpr Rgb kLabelInk{225, 225, 230};
 constexpr std::size_t kBarWidth = 24;
 constexpr std::size_t kTickWidth = 8;
 constexpr std::size_t kTickHeight = 2;
 constexpr std::size_t kGap = 6;
-constexpr std::size_t kTextScale = 2;
-constexpr std::size_t kTextHeight = kGlyphHeight * kTextScale;
+constexpr std::size_t kLabelScale = 2;
+constexpr std::size_t kTextHeight = kGlyphHeight * kLabelScale;
 constexpr std::size_t kLeastTickDistance = 3 * kTextHeight;
 
 // The distance of a place on the scale from the top of a bar.
@@ -31,16 +31,16 @@ void drawGradient(RgbImage& image, std::size_t x, std::size_t y, std::size_t hei
 
 void drawTick(RgbImage& image, std::size_t x, std::size_t y, std::size_t height, const ScaleTick& tick) {
   const std::size_t tick_row = std::min(rowOf(tick.part, height), height - kTickHeight);
-  image.fill(x, y + tick_row, kTickWidth, kTickHeight, kInk);
+  image.fill(x, y + tick_row, kTickWidth, kTickHeight, kLabelInk);
   // The number is centred on its tick, but never beyond the bar's ends.
   const std::size_t half = kTextHeight / 2;
   const std::size_t text_row = std::clamp(tick_row + kTickHeight / 2, half, height - half) - half;
-  drawText(image, x + kTickWidth + kGap, y + text_row, tick.label, kTextScale, kInk);
+  drawText(image, x + kTickWidth + kGap, y + text_row, tick.label, kLabelScale, kLabelInk);
 }
 
 }  // namespace
 
-std::size_t scaleBarWidth() { return kBarWidth + kTickWidth + kGap + textWidth("-40.05", kTextScale); }
+std::size_t scaleBarWidth() { return kBarWidth + kTickWidth + kGap + textWidth("-40.05", kLabelScale); }
 
 std::size_t mostTicks(std::size_t height) { return std::max<std::size_t>(2, height / kLeastTickDistance); }
 

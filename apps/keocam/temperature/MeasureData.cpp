@@ -12,7 +12,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr int kDecimals = 3;
+constexpr int kDataDecimals = 3;
 
 Json numberJson(double value) { return std::isfinite(value) ? Json(toThousandths(value)) : Json(nullptr); }
 
@@ -39,7 +39,7 @@ Json regionJson(const RegionResult& region, const MeasureDetails& details, const
                  {"below_limit", region.limited.low},
                  {"above_limit", region.limited.high}};
   for (std::size_t i = 0; i < region.percentiles.size(); ++i) {
-    object["percentiles"][shortText(details.percents[i], kDecimals)] =
+    object["percentiles"][shortText(details.percents[i], kDataDecimals)] =
         numberJson(fromCelsius(unit, region.percentiles[i]));
   }
   if (details.histogram_bins) {
@@ -48,7 +48,7 @@ Json regionJson(const RegionResult& region, const MeasureDetails& details, const
   return object;
 }
 
-std::string csvNumber(double value) { return std::isfinite(value) ? fixedText(value, kDecimals) : ""; }
+std::string csvNumber(double value) { return std::isfinite(value) ? fixedText(value, kDataDecimals) : ""; }
 
 std::string csvPlace(const Pixel& place) {
   return place.x < 0 ? "," : std::to_string(place.x) + ',' + std::to_string(place.y);
@@ -76,10 +76,8 @@ std::string measureJson(const Conditions& conditions, const Measurement& measure
 }
 
 std::string csvHeading(const MeasureDetails& details) {
-  std::string text =
-      "time,region,unit,pixels,min,mean,max,sd,min_x,min_y,max_x,max_y,nan,below_limit,above_limit,"
-      "frames_per_second,core_temperature,lens,range";
-  for (const double percent : details.percents) text += ",p" + shortText(percent, kDecimals);
+  std::string text = "time,region,unit,pixels,min,mean,max,sd,min_x,min_y,max_x,max_y,nan,below_limit,above_limit";
+  for (const double percent : details.percents) text += ",p" + shortText(percent, kDataDecimals);
   return text + '\n';
 }
 

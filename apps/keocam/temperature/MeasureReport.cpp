@@ -10,15 +10,15 @@
 namespace keocam::cli {
 namespace {
 
-constexpr int kDecimals = 2;
+constexpr int kTableDecimals = 2;
 constexpr int kPercentDecimals = 3;
 
 std::string temperatureText(const DisplayUnit& unit, double celsius) {
-  return fixedText(fromCelsius(unit, celsius), kDecimals);
+  return fixedText(fromCelsius(unit, celsius), kTableDecimals);
 }
 
 std::string differenceText(const DisplayUnit& unit, double kelvins) {
-  return fixedText(fromKelvins(unit, kelvins), kDecimals);
+  return fixedText(fromKelvins(unit, kelvins), kTableDecimals);
 }
 
 std::string placeText(const Pixel& place) {
@@ -111,7 +111,7 @@ std::string measureWarnings(const Measurement& measurement, const SensorModel& m
             (pixels == 1 ? " pixel " : " pixels ") + what;
   };
   const auto limitText = [&](double celsius) {
-    return shortText(fromCelsius(unit, celsius), kDecimals) + ' ' + unit.symbol;
+    return shortText(fromCelsius(unit, celsius), kTableDecimals) + ' ' + unit.symbol;
   };
   for (const RegionResult& region : measurement.regions) {
     add(region, withoutTemperature(region.statistics), "without a temperature, left out of the numbers.");

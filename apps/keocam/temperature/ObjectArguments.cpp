@@ -38,7 +38,7 @@ constexpr ObjectRow kRows[] = {
      0.0, 1.0, "", nullptr, 0.0},
 };
 
-constexpr int kDecimals = 2;
+constexpr int kHintDecimals = 2;
 
 // The value in the program's own unit.
 std::optional<double> valueOf(const ObjectRow& row, std::string text, const DisplayUnit& unit) {
@@ -52,7 +52,9 @@ std::optional<double> valueOf(const ObjectRow& row, std::string text, const Disp
 
 std::string boundsText(const ObjectRow& row, const DisplayUnit& unit) {
   const bool temperature = row.kind == Kind::Temperature;
-  const auto text = [&](double bound) { return shortText(temperature ? fromCelsius(unit, bound) : bound, kDecimals); };
+  const auto text = [&](double bound) {
+    return shortText(temperature ? fromCelsius(unit, bound) : bound, kHintDecimals);
+  };
   std::string bounds = text(row.lowest) + " to " + text(row.highest);
   if (row.kind == Kind::Fraction) return bounds + " or 0% to 100%";
   return bounds + (temperature ? std::string(" ") + unit.symbol : row.unit);
@@ -76,7 +78,7 @@ std::string disagreement(const ObjectRow& row, double wanted, const ObjectParame
   const bool temperature = row.kind == Kind::Temperature;
   const double core = heldValue(row, held);
   const std::string core_text =
-      temperature ? shortText(fromCelsius(unit, core), kDecimals) + ' ' + unit.symbol : shortText(core, 3);
+      temperature ? shortText(fromCelsius(unit, core), kHintDecimals) + ' ' + unit.symbol : shortText(core, 3);
   return begin + "with " + core_text + ". \"keocam set " + row.setting + '=' + shortText(wanted, temperature ? 2 : 3) +
          "\" changes that" + (temperature ? " (in °C)" : "") +
          ", \"keocam set radiometry=off\" leaves the computing to this program.";

@@ -15,7 +15,7 @@ struct EndRow {
 
 constexpr const char* kAgain = "Run it again: that repairs what was left undone.";
 
-constexpr EndRow kRows[] = {
+constexpr EndRow kRangeEnds[] = {
     {RangeChangeEnd::Changed, false, "nothing is left to do", ""},
     {RangeChangeEnd::UnknownRange, false, "there is no such range; nothing was sent", ""},
     {RangeChangeEnd::LensLacksRange, false, "the lens is not calibrated for it; nothing was sent",
@@ -30,10 +30,10 @@ constexpr EndRow kRows[] = {
 };
 
 const EndRow& rowOf(RangeChangeEnd end) {
-  for (const EndRow& row : kRows) {
+  for (const EndRow& row : kRangeEnds) {
     if (row.end == end) return row;
   }
-  return kRows[0];
+  return kRangeEnds[0];
 }
 
 }  // namespace

@@ -13,7 +13,7 @@
 namespace keocam::cli {
 namespace {
 
-constexpr int kDecimals = 3;
+constexpr int kCsvDecimals = 3;
 constexpr const char* kSoftware = "keocam " KEOCAM_VERSION;
 
 // The frame in the snapshot's unit.
@@ -47,8 +47,8 @@ std::string imageDescription(const Snapshot& snapshot) {
   const Statistics statistics = InUnit(snapshot).statistics();
   std::string text = std::string("ImageJ=1.11a\nunit=pixel\nvunit=") + snapshot.unit.letter + '\n';
   if (statistics.count > 0) {
-    text +=
-        "min=" + fixedText(statistics.minimum, kDecimals) + "\nmax=" + fixedText(statistics.maximum, kDecimals) + '\n';
+    text += "min=" + fixedText(statistics.minimum, kCsvDecimals) +
+            "\nmax=" + fixedText(statistics.maximum, kCsvDecimals) + '\n';
   }
   text += std::string("TemperatureUnit=") + snapshot.unit.letter + '\n';
   for (const auto& [name, value] : conditionTexts(snapshot.conditions, snapshot.unit)) {
@@ -81,7 +81,7 @@ std::vector<uint8_t> encodeCsvOf(const Snapshot& snapshot) {
     for (int x = 0; x < frame.image.width(); ++x) {
       const auto temperature = static_cast<double>(frame.image.at(x, y));
       if (x > 0) text += ',';
-      if (std::isfinite(temperature)) text += fixedText(temperature, kDecimals);
+      if (std::isfinite(temperature)) text += fixedText(temperature, kCsvDecimals);
     }
     text += '\n';
   }

@@ -8,18 +8,20 @@
 namespace keocam::cli {
 namespace {
 
-constexpr int kDecimals = 1;
-constexpr const char* kUnknown = "-";
+constexpr int kWatchDecimals = 1;
+constexpr const char* kNothingKnown = "-";
 
-std::string rateText(const Measurement& measurement) {
-  return measurement.frames_per_second ? fixedText(*measurement.frames_per_second, kDecimals) : kUnknown;
+std::string watchRate(const Measurement& measurement) {
+  return measurement.frames_per_second ? fixedText(*measurement.frames_per_second, kWatchDecimals) : kNothingKnown;
 }
 
-std::string coreText(const Conditions& conditions, const DisplayUnit& unit) {
-  return fixedText(fromCelsius(unit, conditions.core_temperature_celsius), kDecimals);
+std::string watchCore(const Conditions& conditions, const DisplayUnit& unit) {
+  return fixedText(fromCelsius(unit, conditions.core_temperature_celsius), kWatchDecimals);
 }
 
-std::string lensText(const Conditions& conditions) { return conditions.lens.empty() ? kUnknown : conditions.lens; }
+std::string watchLens(const Conditions& conditions) {
+  return conditions.lens.empty() ? kNothingKnown : conditions.lens;
+}
 
 }  // namespace
 
@@ -27,12 +29,14 @@ std::string watchTable(const Conditions& conditions, const Measurement& measurem
                        std::size_t width) {
   return formatTable(
       {"FRAMES/S", std::string("CORE ") + unit.symbol, "LENS", "RANGE"},
-      {{rateText(measurement), coreText(conditions, unit), lensText(conditions), rangeName(conditions.range)}}, width);
+      {{watchRate(measurement), watchCore(conditions, unit), watchLens(conditions), rangeName(conditions.range)}},
+      width);
 }
 
 std::string watchLine(const Conditions& conditions, const Measurement& measurement, const DisplayUnit& unit) {
-  return isoTime(measurement.time_ns) + ' ' + rateText(measurement) + " frames/s, core " + coreText(conditions, unit) +
-         ' ' + unit.symbol + ", lens " + lensText(conditions) + ", range " + rangeName(conditions.range) + '\n';
+  return isoTime(measurement.time_ns) + ' ' + watchRate(measurement) + " frames/s, core " +
+         watchCore(conditions, unit) + ' ' + unit.symbol + ", lens " + watchLens(conditions) + ", range " +
+         rangeName(conditions.range) + '\n';
 }
 
 }  // namespace keocam::cli

@@ -7,7 +7,7 @@
 namespace keocam::cli {
 namespace {
 
-constexpr std::size_t kGap = 2;
+constexpr std::size_t kWrappedGap = 2;
 // Narrower columns would have little more than one word to a line.
 constexpr std::size_t kLeastColumns = 20;
 
@@ -17,7 +17,7 @@ std::size_t columnsForLast(const TableRow& header, const std::vector<TableRow>& 
   for (std::size_t column = 0; column + 1 < header.size(); ++column) {
     std::size_t widest = columnsOf(header[column]);
     for (const TableRow& row : rows) widest = std::max(widest, columnsOf(row[column]));
-    taken += widest + kGap;
+    taken += widest + kWrappedGap;
   }
   return std::max(width > taken ? width - taken : 0, kLeastColumns);
 }

@@ -90,9 +90,9 @@ TEST(CoreInfo, PartNumberOfAnyBytes_CannotSteerTheTerminal) {
   CoreInfo info = complete();
   info.part_number.value = "\x1b[2J\xff";
   EXPECT_NE(coreInfoText(camera(), info).find("\\x1b[2J\\xff"), std::string::npos);
-  const std::string json = coreInfoJson(camera(), info);
-  EXPECT_EQ(json.find('\x1b'), std::string::npos);
-  EXPECT_FALSE(nlohmann::json::parse(json)["part_number"].get<std::string>().empty());
+  const std::string text = coreInfoJson(camera(), info);
+  EXPECT_EQ(text.find('\x1b'), std::string::npos);
+  EXPECT_FALSE(nlohmann::json::parse(text)["part_number"].get<std::string>().empty());
 }
 
 }  // namespace

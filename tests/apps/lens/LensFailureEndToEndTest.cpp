@@ -12,7 +12,7 @@ using simulator::CoreFault;
 using simulator::CoreFaultSetting;
 
 constexpr uint8_t kWriteMemory = 211;
-constexpr uint8_t kReadMemory = 210;
+constexpr uint8_t kReadMemoryCode = 210;
 
 TEST(KeocamLensFailure, UnknownName_IsStatus1AndSendsNothing) {
   CameraWithLenses simulated;
@@ -105,7 +105,7 @@ TEST(KeocamLensFailure, CoreThatRefusesAPiece_IsStatus1) {
 TEST(KeocamLensFailure, SomeAnswersLostWhileSamplesAreRead_AreAskedForAgain) {
   CameraWithLenses simulated;
   simulated.putIn(1, 1);
-  simulated.core().setFault(CoreFault::NoAnswer, CoreFaultSetting{1000, 2, 1, kReadMemory});
+  simulated.core().setFault(CoreFault::NoAnswer, CoreFaultSetting{1000, 2, 1, kReadMemoryCode});
   const Ended current = keocam(simulated.lens({"current"}));
   EXPECT_EQ(current.status, 0) << current.error;
   EXPECT_EQ(current.output, "L13mm\n");

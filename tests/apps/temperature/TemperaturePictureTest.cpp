@@ -10,7 +10,7 @@
 namespace keocam::cli {
 namespace {
 
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+constexpr float kNothingMeasured = std::numeric_limits<float>::quiet_NaN();
 
 std::vector<std::string> labelsOf(double low, double high, std::size_t most) {
   std::vector<std::string> labels;
@@ -23,7 +23,7 @@ TEST(TemperatureSpan, FewExtremePixels_DoNotDecide) {
   std::fill(values.begin(), values.begin() + 500, 30.0F);
   values[0] = 1000.0F;
   values[1] = -100.0F;
-  values[2] = kNaN;
+  values[2] = kNothingMeasured;
   const TemperatureSpan span = temperatureSpanOf({values.data(), 100, 10});
   EXPECT_DOUBLE_EQ(span.low, 20.0);
   EXPECT_DOUBLE_EQ(span.high, 30.0);
@@ -37,7 +37,7 @@ TEST(TemperatureSpan, FlatPicture_IsHalfADegreeWide) {
 }
 
 TEST(TemperatureSpan, PictureWithoutTemperatures_HasOneAllTheSame) {
-  const std::vector<float> values(4, kNaN);
+  const std::vector<float> values(4, kNothingMeasured);
   const TemperatureSpan span = temperatureSpanOf({values.data(), 2, 2});
   EXPECT_LT(span.low, span.high);
 }
@@ -74,7 +74,7 @@ TEST(TemperatureSpan, Ticks_AreNeverTooManyAndWithinTheSpan) {
 }
 
 TEST(TemperaturePicture, ColdAndHot_AreTheEndsOfThePalette) {
-  const std::vector<float> values = {10.0F, 15.0F, 20.0F, kNaN};
+  const std::vector<float> values = {10.0F, 15.0F, 20.0F, kNothingMeasured};
   const Palette& palette = *findPalette("white-hot");
   const RgbImage picture = temperaturePicture({values.data(), 4, 1}, {10.0, 20.0}, palette, "a caption");
   const PictureLayout layout = layoutOf(4, 1);

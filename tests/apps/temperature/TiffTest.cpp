@@ -16,7 +16,7 @@ namespace keocam::cli {
 namespace {
 
 const TiffTexts kTexts{"ImageJ=1.11a\nunit=pixel\n", "KEO", "KEOsim-640", "keocam", "2026:11:21 09:15:36"};
-constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+constexpr float kNoTemperature = std::numeric_limits<float>::quiet_NaN();
 
 class OpenTiff {
  public:
@@ -52,7 +52,7 @@ class OpenTiff {
 };
 
 TEST(Tiff, Samples_AreTheVeryNumbers) {
-  const std::vector<float> values = {-40.0F, 20.125F, 1500.5F, 0.1F, kNaN, 36.6F};
+  const std::vector<float> values = {-40.0F, 20.125F, 1500.5F, 0.1F, kNoTemperature, 36.6F};
   const OpenTiff tiff(encodeTiff({values.data(), 3, 2}, kTexts));
   EXPECT_EQ(tiff.row(0), (std::vector<float>{-40.0F, 20.125F, 1500.5F}));
   const std::vector<float> second = tiff.row(1);
@@ -62,7 +62,7 @@ TEST(Tiff, Samples_AreTheVeryNumbers) {
 }
 
 TEST(Tiff, Tags_SayWhatTheSamplesAre) {
-  const std::vector<float> values = {-40.0F, 20.125F, 1500.5F, 0.1F, kNaN, 36.6F};
+  const std::vector<float> values = {-40.0F, 20.125F, 1500.5F, 0.1F, kNoTemperature, 36.6F};
   const std::vector<uint8_t> bytes = encodeTiff({values.data(), 3, 2}, kTexts);
   EXPECT_EQ(std::string(bytes.begin(), bytes.begin() + 2), "II") << "little endian";
   const OpenTiff tiff(bytes);
@@ -82,7 +82,7 @@ TEST(Tiff, Tags_SayWhatTheSamplesAre) {
 }
 
 TEST(Tiff, PictureWithoutTemperatures_HasNoLeastAndGreatest) {
-  const OpenTiff tiff(encodeTiff({&kNaN, 1, 1}, kTexts));
+  const OpenTiff tiff(encodeTiff({&kNoTemperature, 1, 1}, kTexts));
   EXPECT_TRUE(std::isnan(tiff.row(0)[0]));
   EXPECT_FALSE(tiff.has(TIFFTAG_SMINSAMPLEVALUE));
 }
