@@ -76,7 +76,9 @@ std::string measureJson(const Conditions& conditions, const Measurement& measure
 }
 
 std::string csvHeading(const MeasureDetails& details) {
-  std::string text = "time,region,unit,pixels,min,mean,max,sd,min_x,min_y,max_x,max_y,nan,below_limit,above_limit";
+  std::string text =
+      "time,region,unit,pixels,min,mean,max,sd,min_x,min_y,max_x,max_y,nan,below_limit,above_limit,"
+      "frames_per_second,core_temperature,lens,range";
   for (const double percent : details.percents) text += ",p" + shortText(percent, kDataDecimals);
   return text + '\n';
 }
