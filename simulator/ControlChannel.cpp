@@ -111,6 +111,7 @@ void ControlChannel::handle(const uint8_t* datagram, std::size_t size, const Pee
                                    : server_.handleBroadcast(datagram, size, now_ns);
   }
   if (!result.ack.empty()) answer(result, peer, faults);
+  faults_.commandAnswered(statistics_);
 }
 
 void ControlChannel::answer(const GvcpAnswer& answer, const Peer& peer, const FaultSettings& faults) {

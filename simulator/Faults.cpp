@@ -55,8 +55,26 @@ void Faults::vanish() { vanished_until_ns_ = kNever; }
 
 void Faults::vanish(uint32_t duration_ms) { vanished_until_ns_ = inMs(duration_ms); }
 
-void Faults::comeBack() { vanished_until_ns_ = 0; }
+void Faults::comeBack() {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  vanish_count_ = kNoCount;
+  vanished_until_ns_ = 0;
+}
 
 bool Faults::vanished() const { return monotonicNs() < vanished_until_ns_; }
+
+void Faults::vanishAt(Counter counter, uint64_t count) {
+  const std::lock_guard<std::mutex> lock(mutex_);
+  vanish_counter_ = counter;
+  vanish_count_ = count;
+}
+
+void Faults::commandAnswered(const StatisticsBoard& statistics) {
+  if (vanish_count_ == kNoCount) return;
+  const std::lock_guard<std::mutex> lock(mutex_);
+  if (statistics[vanish_counter_] < vanish_count_) return;
+  vanish_count_ = kNoCount;
+  vanish();
+}
 
 }  // namespace simulator

@@ -8,6 +8,8 @@
 #include <random>
 #include <string_view>
 
+#include "simulator/Statistics.h"
+
 namespace simulator {
 
 /// How often each fault strikes, per thousand. Zero everywhere is a camera without faults.
@@ -61,13 +63,23 @@ class Faults {
   void comeBack();
   bool vanished() const;
 
+  /// It vanishes behind its answer to the command with which `counter` reaches `count`, counted since its construction.
+  /// One at a time; comeBack() calls it off.
+  void vanishAt(Counter counter, uint64_t count);
+  /// For the camera, behind each command that it has answered.
+  void commandAnswered(const StatisticsBoard& statistics);
+
   /// Neither frozen nor vanished.
   bool present() const { return !frozen() && !vanished(); }
 
  private:
+  static constexpr uint64_t kNoCount = UINT64_MAX;
+
   mutable std::mutex mutex_;
   FaultSettings settings_;
   std::mt19937_64 generator_;
+  Counter vanish_counter_ = Counter::Count;
+  std::atomic<uint64_t> vanish_count_{kNoCount};  // Read without the mutex by a camera that nobody waits to see vanish.
   std::atomic<uint64_t> frozen_until_ns_{0};
   std::atomic<uint64_t> vanished_until_ns_{0};
 };

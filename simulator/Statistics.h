@@ -66,6 +66,10 @@ class StatisticsBoard {
     values_[static_cast<std::size_t>(counter)].fetch_add(amount, std::memory_order_relaxed);
   }
 
+  uint64_t operator[](Counter counter) const {
+    return values_[static_cast<std::size_t>(counter)].load(std::memory_order_relaxed);
+  }
+
   Statistics snapshot() const;
 
  private:

@@ -185,6 +185,20 @@ TEST(CameraOnLoopback, Vanished_IsSilentAndComesBackWithoutControl) {
   EXPECT_TRUE(host.takeControl());
 }
 
+TEST(CameraOnLoopback, VanishAt_AnswersTheCommandThatReachesTheCountAndNoMore) {
+  SimulatedCamera camera(small());
+  TestHost host("127.0.0.2");
+  ASSERT_TRUE(host.takeControl());
+  camera.faults().vanishAt(Counter::ReadRegister, camera.statistics()[Counter::ReadRegister] + 2);
+  EXPECT_EQ(host.write(address::kWidth, 100), 0) << "another command";
+  EXPECT_EQ(host.read(address::kWidth), 100U);
+  EXPECT_EQ(host.read(address::kWidth), 100U);
+  EXPECT_FALSE(host.ask(kDiscovery, 100).present);
+  camera.faults().comeBack();
+  EXPECT_TRUE(eventually([&] { return host.read(address::kControlPrivilege, 50) == 0U; }));
+  EXPECT_EQ(host.read(address::kWidth), 100U) << "once is enough";
+}
+
 TEST(CameraOnLoopback, PacedEcho_TakesTheTimeOfTheLine) {
   SimulatedCamera camera(small());
   TestHost host("127.0.0.2");
