@@ -24,8 +24,9 @@ using Code = PvResult::Code;
 // Long enough for a device that answers, short enough for a caller.
 constexpr std::chrono::milliseconds kCloseLimit_ms(2500);
 constexpr guint32 kTakeControl = 2;
-// Less than what a caller waits: a device must not be opened for one who has gone.
-constexpr std::chrono::milliseconds kTurnLimit_ms(1500);
+// Aravis takes five seconds to give up a device that falls silent while it is being opened. Who connected it has waited
+// some of them, and whoever goes on with another device waits for the rest.
+constexpr std::chrono::milliseconds kTurnLimit_ms(4000);
 
 // Found on one interface, such a device is then sent to through whichever of them the kernel prefers.
 std::string routingHint(const DeviceDetails& device) {
@@ -45,10 +46,17 @@ std::shared_ptr<DeviceLink> DeviceLink::connect(const DeviceDetails& device, std
   auto link = std::make_shared<DeviceLink>(device);
   const PvResult late =
       failure(Code::Timeout, link->name() + " did not answer in time while it was being opened." + routingHint(device));
+  const auto turn = std::make_shared<OpeningTurn>(kTurnLimit_ms);
+  if (!turn->taken()) {
+    result = failure(Code::Timeout, link->name() +
+                                        " was not opened: another device, being opened, is silent; try again in a few "
+                                        "seconds.");
+    return nullptr;
+  }
   try {
     link->threads_ = 1;
     std::thread([link] { link->work(); }).detach();
-    result = link->jobs_.run([link] { return link->openDevice(); }, limit, late);
+    result = link->jobs_.run([link, turn] { return link->openDevice(*turn); }, limit, late);
     if (result.IsOK()) {
       link->connected_ = true;
       const auto watcher = std::make_shared<DeviceWatcher>(link);
@@ -68,18 +76,13 @@ std::shared_ptr<DeviceLink> DeviceLink::connect(const DeviceDetails& device, std
   return nullptr;
 }
 
-PvResult DeviceLink::openDevice() {
+PvResult DeviceLink::openDevice(OpeningTurn& turn) {
   const GObjectPtr<GInetAddress> interface(g_inet_address_new_from_string(details_.interface_address.c_str()));
   const GObjectPtr<GInetAddress> address(g_inet_address_new_from_string(details_.address.c_str()));
   if (!interface || !address) return failure(Code::InvalidParameter, name() + " has no usable address.");
   GErrorPtr error;
-  GObjectPtr<ArvDevice> device;
-  {
-    const OpeningTurn turn(kTurnLimit_ms);
-    if (!turn.taken())
-      return failure(Code::Timeout, name() + " was not opened: another device, being opened, is silent.");
-    device.reset(arv_gv_device_new(interface.get(), address.get(), error.out()));
-  }
+  GObjectPtr<ArvDevice> device(arv_gv_device_new(interface.get(), address.get(), error.out()));
+  turn.end();
   if (error) return resultOf(error, "Opening " + name());
   if (!device) return failure(Code::GenericError, "Opening " + name() + " failed without an explanation.");
   // Aravis opens a device without control over it all the same; every write would then fail.
@@ -125,14 +128,19 @@ void DeviceLink::post(const Work& work) {
   jobs_.post([self, work] { return work(self->device_.get()); });
 }
 
-// False if the link had ended before.
-bool DeviceLink::end(const PvResult& reason) {
+// False if the link had ended before. `note` comes before anyone can see that it has ended.
+bool DeviceLink::end(const PvResult& reason, const std::function<void()>& note) {
+  bool first = false;
+  {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    first = !std::exchange(ended_, true);
+    if (first) reason_ = reason;
+    if (first && note) note();
+    changed_.notify_all();
+  }
   connected_ = false;
   jobs_.close(reason);
-  const std::lock_guard<std::mutex> lock(mutex_);
-  changed_.notify_all();
-  if (!ended_) reason_ = reason;
-  return !std::exchange(ended_, true);
+  return first;
 }
 
 void DeviceLink::disconnect() {
@@ -143,7 +151,7 @@ void DeviceLink::disconnect() {
 
 void DeviceLink::lose(const std::string& reason) {
   const PvResult lost = failure(Code::NotConnected, "Lost " + name() + ": " + reason);
-  if (end(lost)) noteOutcome(details_.address, lost);
+  end(lost, [&] { noteOutcome(details_.address, lost); });
 }
 
 // Writing the control register again does nothing for the host that has control, and another host is refused. It is

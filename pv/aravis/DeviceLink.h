@@ -17,6 +17,7 @@
 
 namespace keocam {
 
+class OpeningTurn;
 class StreamReceiver;
 
 /// The longest that a call waits for the device. A call that Aravis holds up longer goes on without its caller.
@@ -34,7 +35,8 @@ class DeviceLink : public std::enable_shared_from_this<DeviceLink> {
  public:
   using Work = std::function<PvResult(ArvDevice*)>;
 
-  /// Takes control of the device, within `limit`. Null on failure, with the reason in `result`.
+  /// Takes control of the device, within `limit` of its turn to be opened. The turn may take 4 s to come, when another
+  /// device was lost while it was being opened. Null on failure, with the reason in `result`.
   static std::shared_ptr<DeviceLink> connect(const DeviceDetails& device, std::chrono::milliseconds limit,
                                              PvResult& result);
 
@@ -68,10 +70,10 @@ class DeviceLink : public std::enable_shared_from_this<DeviceLink> {
  private:
   friend class DeviceWatcher;
 
-  PvResult openDevice();
+  PvResult openDevice(OpeningTurn& turn);
   void work();
   void giveBack();
-  bool end(const PvResult& reason);
+  bool end(const PvResult& reason, const std::function<void()>& note = {});
   PvResult confirmControl();
   void confirmControlSoon();
   static void onControlLost(ArvDevice* device, gpointer link);

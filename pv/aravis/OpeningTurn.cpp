@@ -29,8 +29,9 @@ OpeningTurn::OpeningTurn(std::chrono::milliseconds limit) {
   if (taken_) all.taken = true;
 }
 
-OpeningTurn::~OpeningTurn() {
+void OpeningTurn::end() {
   if (!taken_) return;
+  taken_ = false;
   Turns& all = turns();
   const std::lock_guard<std::mutex> lock(all.mutex);
   all.taken = false;

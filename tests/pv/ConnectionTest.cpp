@@ -24,6 +24,25 @@ TEST(Connect, CreateAndConnect_DeviceGone_IsNotConnectedWithinASecond) {
   EXPECT_LT(took_ms, 1000 + pv_test::kScheduling_ms);
 }
 
+TEST(Connect, CreateAndConnect_AnotherDeviceLostWhileItWasConnected_WaitsUntilItIsGivenUp) {
+  simulator::CameraOptions dying = pv_test::smallCamera();
+  dying.address = "127.0.0.3";
+  dying.serial = "KEOD2002";
+  simulator::SimulatedCamera lost(dying);
+  const simulator::SimulatedCamera camera(pv_test::smallCamera());
+  lost.faults().vanishAt(simulator::Counter::ControlTaken, 1);
+  const auto lost_info = pv_test::describe(dying);
+  PvResult result;
+  EXPECT_LT(pv_test::durationOf([&] { EXPECT_EQ(PvDevice::CreateAndConnect(lost_info.get(), &result), nullptr); }),
+            3000);
+  EXPECT_EQ(result.GetCode(), Code::Timeout) << pv_test::textOf(result);
+
+  const auto info = pv_test::describe(camera.options());
+  pv_test::DevicePtr device;
+  EXPECT_LT(pv_test::durationOf([&] { device.reset(PvDevice::CreateAndConnect(info.get(), &result)); }), 7000);
+  EXPECT_TRUE(device) << pv_test::textOf(result);
+}
+
 TEST(Connect, CreateAndConnect_ControlledByAnotherHost_IsInUse) {
   simulator::SimulatedCamera camera(pv_test::smallCamera());
   camera.setOccupied(true);
