@@ -15,3 +15,16 @@ function(keocam_target_defaults target)
     target_link_options(${target} PUBLIC -fsanitize=${KEOCAM_SANITIZE})
   endif()
 endfunction()
+
+# keocam_compile_in_batches(TARGET [EXCEPT FILE...])
+#
+# Several files in one go: reading the same headers again, and what they generate, takes longer than the files' own code.
+# EXCEPT names files whose private names another file has too.
+option(KEOCAM_COMPILE_IN_BATCHES "Compile several files in one go; slower when one file is worked on" ON)
+function(keocam_compile_in_batches target)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "EXCEPT")
+  if(KEOCAM_COMPILE_IN_BATCHES)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+    set_source_files_properties(${arg_EXCEPT} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  endif()
+endfunction()

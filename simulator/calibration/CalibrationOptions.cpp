@@ -5,15 +5,15 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "simulator/calibration/CalibrationFormat.h"
+
 namespace simulator {
 namespace {
 
 constexpr std::array<std::string_view, kMostUsualLenses> kNames{"L25mm", "L13mm", "L07mm", "L50mm",
                                                                 "L75mm", "L19mm", "L35mm", "L04mm"};
-constexpr std::size_t kNameBytes = 5;
 constexpr std::size_t kDateBytes = 10;
 constexpr unsigned kLargestVersion = 99;
-constexpr unsigned kFirstVersionWith1500 = 3;
 
 void require(bool serves, const std::string& otherwise) {
   if (!serves) throw std::invalid_argument(otherwise);
@@ -26,7 +26,7 @@ bool isPlain(const std::string& text) {
 }
 
 void checkLens(const CalibrationLens& lens, unsigned version) {
-  require(!lens.name.empty() && lens.name.size() <= kNameBytes && isPlain(lens.name),
+  require(!lens.name.empty() && lens.name.size() <= kLensNameBytes && isPlain(lens.name),
           "'" + lens.name + "' does not serve as a lens' name: it needs 1 to 5 printable characters but ':' and ')'");
   require(lens.date.size() == kDateBytes && isPlain(lens.date),
           "'" + lens.date + "' does not serve as a date: it needs 10 characters as in 2026-03-02");

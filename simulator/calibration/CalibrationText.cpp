@@ -3,12 +3,11 @@
 #include <array>
 #include <cstring>
 
+#include "simulator/calibration/CalibrationFormat.h"
 #include "simulator/calibration/LensData.h"
 
 namespace simulator {
 namespace {
-
-constexpr std::size_t kNameBytes = 5;
 
 /// The two digits of every byte, one after the other.
 constexpr std::array<char, 512> hexDigits() {
@@ -96,7 +95,7 @@ std::string versionText(unsigned version) {
 
 std::string nameInText(const std::string& name) {
   std::string padded = name;
-  if (padded.size() < kNameBytes) padded.resize(kNameBytes, ' ');
+  if (padded.size() < kLensNameBytes) padded.resize(kLensNameBytes, ' ');
   return padded;
 }
 

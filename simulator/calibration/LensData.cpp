@@ -1,11 +1,11 @@
 #include "simulator/calibration/LensData.h"
 
+#include "simulator/calibration/CalibrationFormat.h"
+
 namespace simulator {
 namespace {
 
 constexpr std::size_t kBytesPerPixel = 4;
-constexpr unsigned kFirstVersionWithTables = 2;
-constexpr unsigned kFirstVersionWithTwoLines = 3;
 
 /// Bits that look random, the same everywhere.
 uint64_t scrambled(uint64_t seed, uint64_t index) {

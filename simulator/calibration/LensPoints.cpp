@@ -10,6 +10,7 @@
 
 #include "simulator/WholeFile.h"
 #include "simulator/calibration/CalibrationFolder.h"
+#include "simulator/calibration/CalibrationFormat.h"
 #include "simulator/calibration/LensRecord.h"
 
 namespace simulator {
@@ -18,7 +19,6 @@ namespace {
 constexpr std::size_t kMostManifestBytes = 65536;
 constexpr std::size_t kDigitsOfAPoint = 8;
 constexpr std::size_t kPointsOfARange = kCalibrationRows * kPointsPerRow;
-constexpr unsigned kFirstVersionWith1500 = 3;
 
 float singleOf(const uint8_t* lowest_first) {
   const uint32_t bits = static_cast<uint32_t>(lowest_first[0]) | static_cast<uint32_t>(lowest_first[1]) << 8 |

@@ -3,13 +3,13 @@
 #include <stdexcept>
 
 #include "simulator/WholeFile.h"
+#include "simulator/calibration/CalibrationFormat.h"
 #include "simulator/calibration/CalibrationText.h"
 
 namespace simulator {
 namespace {
 
 constexpr std::size_t kMostTextBytes = std::size_t{256} * 1024 * 1024;
-constexpr std::size_t kNameBytes = 5;
 constexpr std::string_view kRecord = "BB:";
 constexpr std::string_view kName = "Lens:";
 
@@ -46,7 +46,7 @@ LensRecord readLensRecord(const std::string& folder, const std::string& serial, 
     const std::string_view record = rest.substr(begin, next == std::string_view::npos ? next : next - begin);
     const std::size_t key = record.find(kName);
     if (key != std::string_view::npos) {
-      const std::string name(record.substr(key + kName.size(), kNameBytes));
+      const std::string name(record.substr(key + kName.size(), kLensNameBytes));
       if (name == nameInText(lens)) {
         std::string where = "lens '";
         where.append(lens).append("' in '").append(path).append("'");

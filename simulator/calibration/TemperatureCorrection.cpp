@@ -6,10 +6,11 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "simulator/calibration/CalibrationFormat.h"
+
 namespace simulator {
 namespace {
 
-constexpr unsigned kFirstVersionWithTwoLines = 3;
 constexpr int kMostSteps = 60;
 constexpr double kCloseEnough_celsius = 1e-9;
 constexpr double kLargestMiss_celsius = 0.5;
