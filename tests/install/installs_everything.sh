@@ -1,7 +1,10 @@
 #!/bin/bash
-# Installs a build and looks at what is there: installs_everything.sh CMAKE BUILD PREFIX LIBDIR.
+# Installs a build and looks at what is there: installs_everything.sh CMAKE BUILD PREFIX LIBDIR HEADER...
 set -euo pipefail
+source=$(cd "$(dirname "$0")/../.." && pwd)
 cmake=$1 build=$2 prefix=$3 libdir=$4
+shift 4
+headers=("$@")
 
 fail() {
   echo "FAILED: $*" >&2
@@ -12,7 +15,7 @@ rm -rf "$prefix"
 "$cmake" --install "$build" --prefix "$prefix" >/dev/null
 
 for file in bin/keocam bin/keocam-simulator "$libdir/libkeocam.so" "$libdir/pkgconfig/keocam.pc" \
-  "$libdir/cmake/keocam/keocam-config.cmake" include/keocam/camera/Camera.h include/keocam/PvDevice.h \
+  "$libdir/cmake/keocam/keocam-config.cmake" include/keocam/PvDevice.h "${headers[@]/#/include/keocam/}" \
   share/man/man1/keocam.1.gz share/man/man1/keocam-simulator.1.gz \
   share/bash-completion/completions/keocam share/bash-completion/completions/keocam-simulator; do
   [ -e "$prefix/$file" ] || fail "$file was not installed"
@@ -24,12 +27,12 @@ soname=$(readelf -d "$prefix/$libdir/libkeocam.so" | sed -n 's/.*(SONAME).*\[\(.
 [ -e "$prefix/$libdir/$soname" ] || fail "$soname was not installed"
 [[ $(env -i "$prefix/bin/keocam" --version) == keocam\ * ]] || fail "keocam does not run"
 
-# Every header that an installed one includes is installed too.
+# Every header that an installed one includes is installed too, and every one that users are told to include.
 cd "$prefix/include/keocam"
-while IFS=: read -r header line; do
+while IFS=: read -r file line; do
   included=${line#*\"}
-  [ -e "${included%\"*}" ] || fail "$header includes ${included%\"*}, which was not installed"
-done < <(grep -rE '^#include "' .)
+  [ -e "${included%\"*}" ] || fail "$file includes ${included%\"*}, which was not installed"
+done < <(grep -rE '^#include "' . "$source/README.md" "$source/docs" "$source/examples")
 if grep -rE '#include <(arv|glib|gio)' .; then fail "a header needs more than the library"; fi
 
 # Nothing of this machine's folders gets into what other machines read.
