@@ -18,16 +18,20 @@ InfoEntry speedEntry(const CoreModel& model, const std::optional<LensReadings>& 
                     std::string(name) + (by_serial ? ", by the serial number" : ", by the part number"), name);
 }
 
-std::vector<InfoEntry> modelEntries(const CoreInfo& core, const std::optional<LensReadings>& lens) {
+std::string whyPartNumberIsUnread(const CameraReadings& readings) {
+  return readings.core ? wordsFor(readings.core->part_number.status) : readings.no_core;
+}
+
+std::vector<InfoEntry> modelEntries(const CameraReadings& readings) {
   constexpr std::pair<const char*, const char*> kFields[] = {
       {"Model", "model"}, {"Resolution", "resolution"}, {"Speed class", "speed_class"}, {"Radiometric", "radiometric"}};
   std::vector<InfoEntry> entries;
-  if (!core.part_number.ok()) {
+  if (!readings.core || !readings.core->part_number.ok()) {
     for (const auto& [label, key] : kFields)
-      entries.push_back(notReadEntry(label, key, wordsFor(core.part_number.status)));
+      entries.push_back(notReadEntry(label, key, whyPartNumberIsUnread(readings)));
     return entries;
   }
-  const std::optional<CoreModel> model = coreModelOf(core.part_number.value);
+  const std::optional<CoreModel> model = coreModelOf(readings.core->part_number.value);
   if (!model) {
     for (const auto& [label, key] : kFields)
       entries.push_back(lackingEntry(label, key, "the part number is not known"));
@@ -36,7 +40,7 @@ std::vector<InfoEntry> modelEntries(const CoreInfo& core, const std::optional<Le
   return {knownEntry("Model", "model", model->name, model->name),
           knownEntry("Resolution", "resolution", std::to_string(model->width) + " x " + std::to_string(model->height),
                      {model->width, model->height}),
-          speedEntry(*model, lens),
+          speedEntry(*model, readings.lens),
           knownEntry("Radiometric", "radiometric", model->radiometric ? "yes" : "no", model->radiometric)};
 }
 
@@ -55,8 +59,7 @@ InfoSection coreSection(const CameraReadings& readings) {
       section.entries.push_back(knownEntry(field.label, field.key, field.text, field.value));
     }
   }
-  if (!readings.core) return section;
-  const std::vector<InfoEntry> model = modelEntries(core, readings.lens);
+  const std::vector<InfoEntry> model = modelEntries(readings);
   section.entries.insert(section.entries.begin() + 1, model.begin(), model.end());
   return section;
 }

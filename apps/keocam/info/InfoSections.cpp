@@ -56,14 +56,16 @@ InfoSection linkSection(const CameraReadings& readings) {
   return section;
 }
 
+constexpr const char* kHeldLabel = "In the core";
+constexpr const char* kHeldKey = "held";
+
 InfoEntry heldEntry(const LensReadings& lens) {
-  constexpr const char* kLabel = "In the core";
-  constexpr const char* kKey = "held";
   if (lens.held) {
     const std::string name = shownName(lens.lenses.at(*lens.held).name);
-    return knownEntry(kLabel, kKey, name, name);
+    return knownEntry(kHeldLabel, kHeldKey, name, name);
   }
-  return lens.held_not_read ? notReadEntry(kLabel, kKey, lens.not_held) : lackingEntry(kLabel, kKey, lens.not_held);
+  const auto entry = lens.held_not_read ? notReadEntry : lackingEntry;
+  return entry(kHeldLabel, kHeldKey, lens.not_held);
 }
 
 InfoSection lensSection(const CameraReadings& readings) {
@@ -71,6 +73,7 @@ InfoSection lensSection(const CameraReadings& readings) {
   if (!readings.lens) {
     const auto entry = readings.lens_not_read ? notReadEntry : lackingEntry;
     section.entries.push_back(entry("Calibrated", "calibrated", readings.no_lens));
+    section.entries.push_back(entry(kHeldLabel, kHeldKey, readings.no_lens));
     return section;
   }
   Json calibrated = Json::array();

@@ -2,7 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <set>
 #include <sstream>
+#include <string>
 
 #include "apps/keocam/core/RadiometrySettings.h"
 #include "apps/keocam/info/CoreModel.h"
@@ -104,12 +106,55 @@ TEST(CameraInfo, UnreadCore_IsNamedWithTheReasonAndTheRestIsTold) {
   EXPECT_EQ(object["camera"]["serial_number"], "KEOD2001");
   EXPECT_EQ(object["link"]["packet_size_bytes"], 1500);
   EXPECT_EQ(object["lenses"]["calibrated"].size(), 2U);
-  for (const char* const key : {"core.part_number", "core.gain", "radiometry.emissivity", "lenses.held"}) {
+  for (const char* const key : {"core.part_number", "core.model", "core.resolution", "core.speed_class",
+                                "core.radiometric", "core.gain", "radiometry.emissivity", "lenses.held"}) {
     EXPECT_EQ(object["errors"][key], "the core is silent") << key;
   }
+  EXPECT_NE(textOf(readings).find("  Model                    not read: the core is silent\n"), std::string::npos)
+      << textOf(readings);
   EXPECT_TRUE(object["core"]["gain"].is_null());
   EXPECT_NE(textOf(readings).find("not read: the core is silent"), std::string::npos);
   expectToFit(textOf(readings));
+}
+
+std::set<std::string> keysOf(const CameraReadings& readings) {
+  std::set<std::string> keys;
+  const json object = jsonOf(readings);
+  for (const auto& [section, part] : object.items()) {
+    if (section == "errors") continue;
+    for (const auto& [key, value] : part.items()) keys.insert(section + '.' + key);
+  }
+  return keys;
+}
+
+TEST(CameraInfo, Json_HasTheSameKeysWhateverTheState) {
+  const std::set<std::string> all = keysOf(complete());
+  for (const char* const key :
+       {"core.model", "core.resolution", "core.speed_class", "core.radiometric", "lenses.calibrated", "lenses.held"}) {
+    EXPECT_EQ(all.count(key), 1U) << key;
+  }
+  CameraReadings unconnected = complete();
+  unconnected.core.reset();
+  unconnected.radiometry.clear();
+  unconnected.link.reset();
+  unconnected.no_core = unconnected.no_link = "another host controls the camera";
+  EXPECT_EQ(keysOf(unconnected), all);
+
+  CameraReadings refused = complete();
+  refused.core->part_number.status = CAM_BYTE_COUNT_ERROR;
+  EXPECT_EQ(keysOf(refused), all);
+  CameraReadings unknown = complete();
+  unknown.core->part_number.value = "?";
+  EXPECT_EQ(keysOf(unknown), all);
+
+  CameraReadings without_folder = complete();
+  without_folder.lens.reset();
+  without_folder.no_lens = "no folder is named";
+  EXPECT_EQ(keysOf(without_folder), all);
+  EXPECT_EQ(jsonOf(without_folder).count("errors"), 0U);
+  without_folder.lens_not_read = true;
+  EXPECT_EQ(keysOf(without_folder), all);
+  EXPECT_EQ(jsonOf(without_folder)["errors"]["lenses.held"], "no folder is named");
 }
 
 TEST(CameraInfo, UnconnectedCamera_HasNoLinkFigures) {

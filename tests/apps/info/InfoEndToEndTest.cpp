@@ -3,7 +3,9 @@
 
 #include <csignal>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <sstream>
+#include <string>
 
 #include "../lens/CameraWithLenses.h"
 
@@ -16,6 +18,22 @@ json parsed(const Ended& info) {
   const json object = json::parse(info.output, nullptr, false);
   EXPECT_TRUE(object.is_object()) << info.output << info.error;
   return object;
+}
+
+// "section.key" of all that is told, but for what went wrong.
+std::set<std::string> keysOf(const Ended& info) {
+  std::set<std::string> keys;
+  const json object = parsed(info);
+  for (const auto& [section, part] : object.items()) {
+    if (section == "errors") continue;
+    for (const auto& [key, value] : part.items()) keys.insert(section + '.' + key);
+  }
+  return keys;
+}
+
+std::set<std::string> keysOfACamera() {
+  const CameraWithCore simulated;
+  return keysOf(keocam({"info", "--json"}));
 }
 
 TEST(KeocamInfo, OfACamera_TellsWhatItIs) {
@@ -52,6 +70,9 @@ TEST(KeocamInfo, Asking_ChangesNothingOnTheCore) {
 }
 
 TEST(KeocamInfo, SilentCore_LeavesTheCameraToBeTold) {
+  const std::set<std::string> all = keysOfACamera();
+  EXPECT_EQ(all.count("core.radiometric"), 1U);
+  EXPECT_EQ(all.count("lenses.held"), 1U);
   const Simulator simulator({"--no-core", "--uart-pacing", "off"});
   const Ended info = keocam({"info", "--json"});
   EXPECT_EQ(info.status, 5);
@@ -61,10 +82,13 @@ TEST(KeocamInfo, SilentCore_LeavesTheCameraToBeTold) {
   EXPECT_EQ(object["link"]["packet_size_bytes"], 1500);
   EXPECT_TRUE(object["core"]["part_number"].is_null());
   EXPECT_EQ(object["errors"]["core.part_number"], "the core does not answer, or is not ready");
+  EXPECT_EQ(object["errors"]["core.model"], "the core does not answer, or is not ready");
   EXPECT_EQ(object["errors"]["radiometry.emissivity"], "the core does not answer, or is not ready");
+  EXPECT_EQ(keysOf(info), all);
 }
 
 TEST(KeocamInfo, CameraOfAnother_IsToldAsFarAsItGoes) {
+  const std::set<std::string> all = keysOfACamera();
   const Simulator simulator({"--size", "160x128"});
   ChildProcess stream(keocamWith({"stream"}));
   ASSERT_TRUE(stream.waitFor(ChildProcess::Error, "frames/s", kPatience)) << stream.text(ChildProcess::Error);
@@ -73,6 +97,7 @@ TEST(KeocamInfo, CameraOfAnother_IsToldAsFarAsItGoes) {
   EXPECT_TRUE(contains(info.output, "in use by another program or host")) << info.output;
   EXPECT_TRUE(contains(info.output, "KEOD2001")) << info.output;
   EXPECT_TRUE(contains(info.output, "not read: another program or host controls the camera")) << info.output;
+  EXPECT_EQ(keysOf(keocam({"info", "--json"})), all);
   stream.signal(SIGINT);
   EXPECT_EQ(ended(stream).status, 0);
 }
@@ -88,6 +113,7 @@ TEST(KeocamInfo, CoreThatRefusesFromSomePointOn_IsToldUpToThere) {
   json object = parsed(info);
   EXPECT_EQ(object["core"]["core_serial_number"], simulator::CoreIdentity().core_serial);
   EXPECT_EQ(object["core"]["radiometric"], true);
+  EXPECT_EQ(object["core"].count("speed_class"), 1U);
   EXPECT_TRUE(object["core"]["software_version"].is_null());
   EXPECT_TRUE(contains(object["errors"]["core.software_version"], "CAM_FEATURE_NOT_ENABLED")) << info.output;
 }
