@@ -107,7 +107,7 @@ ResponseStatuses writeHighResolution(CameraSerialSettings& core, bool high) {
 
 CoreValue<bool> readHighGain(CameraSerialSettings& core) {
   const CoreValue<uint16_t> gain = readWord(core, CODE_10, {});
-  return {gain.status, gain.value == rangeRow(CameraSerialSettings::LowRange).gain};
+  return {gain.status, gain.value != rangeRow(CameraSerialSettings::MiddleRange).gain};
 }
 
 ResponseStatuses adoptCoreState(CameraSerialSettings& core, RangeModes otherwise) {

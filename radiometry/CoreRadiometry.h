@@ -56,7 +56,8 @@ CoreValue<bool> readHighResolution(CameraSerialSettings& core);
 /// On success `core.radiometryHighResolutionMode` says so.
 ResponseStatuses writeHighResolution(CameraSerialSettings& core, bool high);
 
-/// Whether the core's gain is that of LowRange; else it is that of MiddleRange and HighRange.
+/// Whether the core's gain is high, which is LowRange's; low gain is that of MiddleRange and HighRange. A core that
+/// chooses its gain by itself, which this interface never tells it to, is taken for one in high gain.
 CoreValue<bool> readHighGain(CameraSerialSettings& core);
 
 /// Makes the host's side agree with a core that is left as it is: `isRadiometric` by its part number, the mode and

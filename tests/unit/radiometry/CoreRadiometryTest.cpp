@@ -95,6 +95,16 @@ TEST_F(CoreRadiometryTest, ModeAndResolution_AreKnownOnceWritten) {
   EXPECT_EQ(takeRequests(), requests({{142, {0, 0x40}}, {142, {0, 0x10}}}));
 }
 
+TEST_F(CoreRadiometryTest, Gain_IsHighUnlessTheModeIsLow) {
+  for (const auto& [mode, high] : std::vector<std::pair<uint8_t, bool>>{{0, true}, {1, false}, {2, true}, {3, true}}) {
+    replyTo(10, {0x00, mode});
+    const auto gain = keocam::readHighGain(core_);
+    EXPECT_TRUE(gain.ok());
+    EXPECT_EQ(gain.value, high) << "mode " << int{mode};
+  }
+  EXPECT_FALSE(keocam::readHighGain(core_).ok()) << "nothing was answered";
+}
+
 TEST_F(CoreRadiometryTest, AdoptedState_IsTheCores) {
   replyWithState();
   EXPECT_EQ(keocam::adoptCoreState(core_), CAM_OK);
