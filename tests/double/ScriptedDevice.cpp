@@ -2,6 +2,7 @@
 #include "PvDeviceGEV.h"
 #include "tests/double/ScriptedLayer.h"
 
+using scripted::called;
 using scripted::eventLog;
 
 namespace {
@@ -20,10 +21,7 @@ struct PvGenCommand::State {
 PvGenCommand::PvGenCommand(std::unique_ptr<State> state) : state_(std::move(state)) {}
 PvGenCommand::~PvGenCommand() = default;
 
-PvResult PvGenCommand::Execute() {
-  eventLog().add("PvGenCommand::Execute " + state_->name);
-  return {};
-}
+PvResult PvGenCommand::Execute() { return called("PvGenCommand::Execute " + state_->name); }
 
 struct PvGenParameterArray::State {
   std::map<std::string, std::unique_ptr<PvGenParameter>> features;
@@ -39,18 +37,15 @@ PvGenParameter* PvGenParameterArray::Get(const PvString& name) {
 }
 
 PvResult PvGenParameterArray::SetEnumValue(const PvString& name, const PvString& value) {
-  eventLog().add("PvGenParameterArray::SetEnumValue " + nullable(name) + " " + nullable(value));
-  return {};
+  return called("PvGenParameterArray::SetEnumValue " + nullable(name) + " " + nullable(value));
 }
 
 PvResult PvGenParameterArray::SetBooleanValue(const PvString& name, bool value) {
-  eventLog().add("PvGenParameterArray::SetBooleanValue " + nullable(name) + (value ? " true" : " false"));
-  return {};
+  return called("PvGenParameterArray::SetBooleanValue " + nullable(name) + (value ? " true" : " false"));
 }
 
 PvResult PvGenParameterArray::SetIntegerValue(const PvString& name, long value) {
-  eventLog().add("PvGenParameterArray::SetIntegerValue " + nullable(name) + " " + std::to_string(value));
-  return {};
+  return called("PvGenParameterArray::SetIntegerValue " + nullable(name) + " " + std::to_string(value));
 }
 
 PvGenCommand* PvLayer::makeCommand(const std::string& name) {
@@ -82,7 +77,7 @@ const PvResult* PvLayer::result_of_connecting = nullptr;
 
 PvDevice* PvDevice::CreateAndConnect(const PvDeviceInfo* info, PvResult* result) {
   const scripted::Device& device = PvLayer::deviceOf(*info);
-  eventLog().add("PvDevice::CreateAndConnect " + nullable(device.display_id));
+  called("PvDevice::CreateAndConnect " + nullable(device.display_id));
   PvLayer::result_of_connecting = result;
   if (!device.accepts_connection) return nullptr;
   return PvLayer::makeDevice(device);
@@ -104,43 +99,39 @@ void PvDevice::Free(PvDevice* device) {
 }
 
 bool PvDevice::IsConnected() const {
-  eventLog().add("PvDevice::IsConnected");
-  return state_->connected && state_->device->stays_connected;
+  const bool answer = state_->connected && state_->device->stays_connected;
+  called("PvDevice::IsConnected");
+  return answer;
 }
 
 PvResult PvDevice::Disconnect() {
-  eventLog().add("PvDevice::Disconnect");
   state_->connected = false;
-  return {};
+  return called("PvDevice::Disconnect");
 }
 
 int64_t PvDevice::GetPayloadSize() {
-  eventLog().add("PvDevice::GetPayloadSize");
+  called("PvDevice::GetPayloadSize");
   return state_->device->payload_size;
 }
 
 PvGenParameterArray* PvDevice::GetParameters() {
-  eventLog().add("PvDevice::GetParameters");
+  called("PvDevice::GetParameters");
   return state_->parameters.get();
 }
 
 PvResult PvDevice::StreamEnable(unsigned int channel) {
-  eventLog().add("PvDevice::StreamEnable " + std::to_string(channel));
-  return {};
+  return called("PvDevice::StreamEnable " + std::to_string(channel));
 }
 
 PvResult PvDevice::StreamDisable(unsigned int channel) {
-  eventLog().add("PvDevice::StreamDisable " + std::to_string(channel));
-  return {};
+  return called("PvDevice::StreamDisable " + std::to_string(channel));
 }
 
 PvResult PvDeviceGEV::NegotiatePacketSize(unsigned int channel, unsigned int fallbackSize) {
-  eventLog().add("PvDeviceGEV::NegotiatePacketSize " + std::to_string(channel) + " " + std::to_string(fallbackSize));
-  return {};
+  return called("PvDeviceGEV::NegotiatePacketSize " + std::to_string(channel) + " " + std::to_string(fallbackSize));
 }
 
 PvResult PvDeviceGEV::SetStreamDestination(const PvString& address, unsigned short port, unsigned int channel) {
-  eventLog().add("PvDeviceGEV::SetStreamDestination " + nullable(address) + " " + std::to_string(port) + " " +
-                 std::to_string(channel));
-  return {};
+  return called("PvDeviceGEV::SetStreamDestination " + nullable(address) + " " + std::to_string(port) + " " +
+                std::to_string(channel));
 }

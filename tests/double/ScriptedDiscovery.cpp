@@ -91,6 +91,13 @@ Network& network() {
   return instance;
 }
 
+PvResult called(const std::string& call) {
+  eventLog().add(call);
+  const auto [first, last] = network().during.equal_range(call);
+  for (auto happening = first; happening != last; ++happening) happening->second();
+  return network().refused.count(call) == 0 ? PvResult() : PvResult(PvResult::Code::GenericError, "the script says so");
+}
+
 const PvDeviceInfo* infoOf(const std::shared_ptr<Device>& device) {
   if (device == nullptr) return nullptr;
   auto& info = infos()[device.get()];

@@ -17,6 +17,10 @@
 
 namespace scripted {
 
+/// Logs a call of a device, its features, its stream or its pipeline, lets happen what the script has for it, and tells
+/// its result if it is one that returns a result.
+PvResult called(const std::string& call);
+
 /// Counts the objects of one kind; see liveObjects().
 class LiveObject {
  public:

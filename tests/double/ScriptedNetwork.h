@@ -5,8 +5,10 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -60,6 +62,11 @@ struct Network {
   PvResult find_result;
   std::deque<Retrieval> retrievals;  ///< once empty, every retrieval times out
   Serial serial;
+  /// Calls of a device, its features, its stream or its pipeline, as the log has them, that fail with a result that
+  /// says so. For calls that return something else, see Device.
+  std::set<std::string> refused;
+  /// What happens in such a call, whatever it returns. IsConnected and IsOpen have settled their answer by then.
+  std::multimap<std::string, std::function<void()>> during;
   std::function<void()> on_find;            ///< lets a search see something else than the one before
   std::function<void()> on_device_visited;  ///< runs after each GetDeviceInfo
 };

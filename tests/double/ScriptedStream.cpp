@@ -6,6 +6,7 @@
 #include "tests/double/RecordedTime.h"
 #include "tests/double/ScriptedLayer.h"
 
+using scripted::called;
 using scripted::eventLog;
 using scripted::network;
 
@@ -22,8 +23,8 @@ PvStreamGEV::~PvStreamGEV() = default;
 
 PvStream* PvStream::CreateAndOpen(const PvString& connectionID, PvResult* result) {
   const std::string id = connectionID.GetAscii() != nullptr ? connectionID.GetAscii() : "(null)";
-  eventLog().add("PvStream::CreateAndOpen " + id +
-                 (result != nullptr && result == PvLayer::result_of_connecting ? "" : " another result"));
+  called("PvStream::CreateAndOpen " + id +
+         (result != nullptr && result == PvLayer::result_of_connecting ? "" : " another result"));
   for (const auto& interface : network().interfaces) {
     if (!interface) continue;
     for (const auto& device : *interface) {
@@ -46,14 +47,14 @@ void PvStream::Free(PvStream* stream) {
 }
 
 bool PvStream::IsOpen() const {
-  eventLog().add("PvStream::IsOpen");
-  return state_->open && state_->device->stream_stays_open;
+  const bool answer = state_->open && state_->device->stream_stays_open;
+  called("PvStream::IsOpen");
+  return answer;
 }
 
 PvResult PvStream::Close() {
-  eventLog().add("PvStream::Close");
   state_->open = false;
-  return {};
+  return called("PvStream::Close");
 }
 
 PvString PvStreamGEV::GetLocalIPAddress() const { return "192.0.2.1"; }
@@ -84,25 +85,22 @@ PvPipeline::PvPipeline(PvStream* stream) : state_(std::make_unique<State>()) {
 PvPipeline::~PvPipeline() { eventLog().add("PvPipeline::~PvPipeline"); }
 
 PvResult PvPipeline::SetBufferCount(unsigned int count) {
-  eventLog().add("PvPipeline::SetBufferCount " + std::to_string(count));
-  return {};
+  return called("PvPipeline::SetBufferCount " + std::to_string(count));
 }
 
 PvResult PvPipeline::SetBufferSize(unsigned int size) {
-  eventLog().add("PvPipeline::SetBufferSize " + std::to_string(size));
-  return {};
+  return called("PvPipeline::SetBufferSize " + std::to_string(size));
 }
 
 PvResult PvPipeline::Start() {
-  eventLog().add("PvPipeline::Start");
-  state_->started = true;
-  return {};
+  const PvResult result = called("PvPipeline::Start");
+  state_->started = result.IsOK();
+  return result;
 }
 
 PvResult PvPipeline::Stop() {
-  eventLog().add("PvPipeline::Stop");
   state_->started = false;
-  return {};
+  return called("PvPipeline::Stop");
 }
 
 bool PvPipeline::IsStarted() {
@@ -125,7 +123,6 @@ PvResult PvPipeline::RetrieveNextBuffer(PvBuffer** buffer, unsigned int timeout_
 }
 
 PvResult PvPipeline::ReleaseBuffer(PvBuffer* buffer) {
-  eventLog().add(buffer != nullptr ? "PvPipeline::ReleaseBuffer " + std::to_string(*buffer->GetDataPointer())
-                                   : "PvPipeline::ReleaseBuffer null");
-  return {};
+  return called(buffer != nullptr ? "PvPipeline::ReleaseBuffer " + std::to_string(*buffer->GetDataPointer())
+                                  : "PvPipeline::ReleaseBuffer null");
 }
