@@ -1,26 +1,18 @@
-// The last stage of a connection: the core's object, the camera's calibration, the start-up.
-#include <stdexcept>
+// The last stage of a connection, one after the other: whose calibration is in force, whose object is held.
+#include <memory>
 
 #include "PvStreamGEV.h"
-#include "calibration/Calibration.h"
 #include "tests/unit/calibration/CalibrationTexts.h"
-#include "tests/unit/camera/AnsweringCore.h"
+#include "tests/unit/camera/AnsweringCoreTest.h"
 #include "tests/unit/camera/ScriptedCamera.h"
-#include "tests/unit/radiometry/RadiometryTest.h"
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class CoreHandOverTest : public ScriptedCameraTest {
+class CoreHandOverTest : public AnsweringCoreTest<ScriptedCameraTest> {
  protected:
-  ~CoreHandOverTest() override {
-    calibrationVect.clear();
-    currentLensNumber = 0;
-    CamSpeed = {};
-  }
-
   static std::string textOf(const std::vector<std::string>& lenses) {
     std::string text;
     for (const std::string& name : lenses) {
@@ -30,77 +22,34 @@ class CoreHandOverTest : public ScriptedCameraTest {
     }
     return text;
   }
-  static Log lensesInForce() {
-    Log names;
-    for (const CalibrationStruct& lens : calibrationVect) names.push_back(lens.lens);
-    return names;
-  }
-  static void add(Log& log, const Log& events) { log.insert(log.end(), events.begin(), events.end()); }
-
-  ModelAtLoad model_;
-  AnsweringCore answering_;
 };
 
-TEST_F(CoreHandOverTest, Connect_Succeeds_InTheOrderThatDeviceAndCoreNeed) {
+TEST_F(CoreHandOverTest, Connect_NoCalibrationAndNoRadiometry_StartsTheCoreUpAllTheSame) {
   answering_.part_number = "46336007X-SPNLX";
   ScriptedCamera camera(info(), "", "00", "ABCD1000");
   EXPECT_EQ(camera.Connect(), 0);
-
-  Log expected = {"out: Camera: Connecting to Cam A.\\n",
-                  "PvDevice::CreateAndConnect Cam A",
-                  "PvStream::CreateAndOpen 192.0.2.10",
-                  "PvDeviceGEV::NegotiatePacketSize 0 0",
-                  "PvDeviceGEV::SetStreamDestination 192.0.2.1 50123 0",
-                  "PvPipeline::PvPipeline",
-                  "PvDevice::GetPayloadSize",
-                  "PvPipeline::SetBufferCount 2",
-                  "PvPipeline::SetBufferSize 655360",
-                  "PvDevice::IsConnected",
-                  "PvDevice::IsConnected",
-                  "out: CameraSerialSettings::SetDefault(): Setting default settings\\n",
-                  "PvDevice::GetParameters",
-                  "PvGenParameterArray::SetEnumValue PixelFormat Mono14",
-                  "PvGenParameterArray::SetEnumValue TestPattern Off",
-                  "PvGenParameterArray::SetEnumValue BulkSelector Bulk0",
-                  "PvGenParameterArray::SetEnumValue BulkMode UART",
-                  "PvGenParameterArray::SetEnumValue BulkBaudRate Baud57600",
-                  "PvGenParameterArray::SetEnumValue BulkNumOfStopBits One",
-                  "PvGenParameterArray::SetEnumValue BulkParity None",
-                  "PvGenParameterArray::SetBooleanValue BulkLoopback false"};
-  add(expected, writeEvents(0));
-  add(expected, readEvents(102));
-  add(expected, {"PvGenParameterArray::SetIntegerValue Width 336", "PvGenParameterArray::SetIntegerValue Height 256"});
-  add(expected, writeEvents(11, {0x00, 0x01}));
-  add(expected, writeEvents(18, {0x03, 0x02}));
-  add(expected, writeEvents(18, {0x06, 0x00}));
-  add(expected, writeEvents(10, {0x00, 0x02}));
-  add(expected, {"sleep 1 s"});
-  add(expected, writeEvents(12));
-  add(expected, {"sleep 1 s", "sleep 1 s"});
-  add(expected, readEvents(32, {0x00, 0x00}));
-  add(expected, writeEvents(12));
-  add(expected, {"PvStream::IsOpen"});
-  EXPECT_EQ(takeAll(), expected);
-
-  ASSERT_NE(camera.serialSettings, nullptr);
-  EXPECT_EQ(camera.serialSettings->GetPvDevice(), camera.device);
-  EXPECT_EQ(static_cast<int>(camera.serialSettings->GetPvDeviceSerial()), 2);
+  EXPECT_EQ(
+      takeAll(),
+      joined({{"out: Camera: Connecting to Cam A.\\n", "PvDevice::CreateAndConnect Cam A",
+               "PvStream::CreateAndOpen 192.0.2.10", "PvDeviceGEV::NegotiatePacketSize 0 0",
+               "PvDeviceGEV::SetStreamDestination 192.0.2.1 50123 0", "PvPipeline::PvPipeline",
+               "PvDevice::GetPayloadSize", "PvPipeline::SetBufferCount 2", "PvPipeline::SetBufferSize 655360",
+               "PvDevice::IsConnected", "PvDevice::IsConnected", startUpLine("Setting default settings")},
+              featureEvents(),
+              writeEvents(0),
+              readEvents(102),
+              {"PvGenParameterArray::SetIntegerValue Width 336", "PvGenParameterArray::SetIntegerValue Height 256"},
+              writeEvents(11, {0x00, 0x01}),
+              writeEvents(18, {0x03, 0x02}),
+              writeEvents(18, {0x06, 0x00}),
+              writeEvents(10, {0x00, 0x02}),
+              {"sleep 1 s"},
+              writeEvents(12),
+              {"sleep 1 s", "sleep 1 s"},
+              readEvents(32, {0x00, 0x00}),
+              writeEvents(12),
+              {"PvStream::IsOpen"}}));
   EXPECT_EQ(camera.serialSettings->GetModel(), "KEO_336");
-  EXPECT_EQ(camera.GetStatus(), "Connected");
-  camera.Disconnect();
-}
-
-TEST_F(CoreHandOverTest, Connect_PutsTheCamerasCalibrationInForce) {
-  ScriptedCamera camera(info(), textOf({"L25mm", "L50mm"}), "03", "KEOE2001");
-  EXPECT_EQ(camera.Connect(), 0);
-  EXPECT_THAT(lensesInForce(), ElementsAre("L25mm", "L50mm"));
-  EXPECT_EQ(currentLensNumber, 0);
-  EXPECT_TRUE(CamSpeed.set);
-  EXPECT_EQ(CamSpeed.speed, 2);
-  EXPECT_EQ(camera.serialSettings->GetCameraSpeed(), 2);
-  EXPECT_FALSE(camera.calibrationText.empty()) << "what it was given is kept";
-  const std::string standard = "PvDeviceSerialPort::Write " + scripted::hex(core_frames::frame(114, {0x00, 0x04}));
-  EXPECT_THAT(takeAll(), testing::Contains(standard)) << "the calibration came before the start-up";
   camera.Disconnect();
 }
 
@@ -125,32 +74,11 @@ TEST_F(CoreHandOverTest, Connect_SecondCamera_ReplacesTheFirstOnesCalibration) {
   for (ScriptedCamera* const camera : {&first, &second, &third}) camera->Disconnect();
 }
 
-TEST_F(CoreHandOverTest, Connect_UnusableCalibration_ThrowsWithEverythingInPlaceAndNothingSent) {
-  const std::pair<const char*, const char*> rows[] = {
-      {"BB:2", "no version"}, {"BB:2", "99999999999999999999"}, {"BB:x", "03"}, {"BB:1", "01"},  // and nothing after it
-  };
-  for (const auto& [text, version] : rows) {
-    SCOPED_TRACE(text + (" in version " + std::string(version)));
-    ScriptedCamera camera(info(), text, version, "ABCD1000");
-    EXPECT_THROW(camera.Connect(), std::logic_error);
-    EXPECT_THAT(take({"PvDeviceSerialPort", "PvGenParameterArray", "PvStream::IsOpen", "out: CameraSerial"}),
-                IsEmpty());
-    ASSERT_NE(camera.serialSettings, nullptr);
-    EXPECT_NE(camera.device, nullptr);
-    EXPECT_NE(camera.stream, nullptr);
-    EXPECT_NE(camera.pipeline, nullptr);
-    EXPECT_EQ(camera.GetStatus(), "Connected");
-    camera.Disconnect();
-    EXPECT_EQ(camera.GetStatus(), "Disconnected");
-    log().clear();
-  }
-}
-
 TEST_F(CoreHandOverTest, Connect_SilentCore_IsStillAConnection) {
   answering_.unheard = 1000;
   ScriptedCamera camera(info(), "", "00", "ABCD1000");
   EXPECT_EQ(camera.Connect(), 0);
-  EXPECT_EQ(log().of({"err"}).back(), "err: CameraSerialSettings::SetDefault(): Camera communication error\\n");
+  EXPECT_EQ(log().of({"err"}).back(), startUpLine("Camera communication error", "err"));
   EXPECT_FALSE(camera.serialSettings->GetIsSupported());
   EXPECT_EQ(camera.serialSettings->GetCameraPartNumber(), "");
   camera.StartAcquisition();
@@ -158,17 +86,6 @@ TEST_F(CoreHandOverTest, Connect_SilentCore_IsStillAConnection) {
   EXPECT_NE(camera.RetreiveBuffer(), nullptr);
   camera.ReleaseBuffer();
   camera.Disconnect();
-}
-
-TEST_F(CoreHandOverTest, Connect_StreamNotOpen_FailsOnlyAfterTheStartUp) {
-  device_->stream_stays_open = false;
-  ScriptedCamera camera(info(), "", "00", "ABCD1000");
-  EXPECT_EQ(camera.Connect(), -1);
-  ASSERT_NE(camera.serialSettings, nullptr);
-  EXPECT_TRUE(camera.serialSettings->GetIsSupported());
-  PvStream* const stream = camera.stream;
-  camera.Disconnect();
-  PvStream::Free(stream);
 }
 
 TEST_F(CoreHandOverTest, Connect_FailedBefore_MakesNoObjectAndKeepsTheFormerOne) {

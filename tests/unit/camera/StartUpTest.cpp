@@ -1,9 +1,9 @@
 // The start-up of a core: every step, every message, and what ends it early.
+#include <algorithm>
+#include <functional>
 #include <stdexcept>
 
-#include "calibration/Calibration.h"
-#include "tests/unit/camera/AnsweringCore.h"
-#include "tests/unit/radiometry/RadiometryTest.h"
+#include "tests/unit/camera/AnsweringCoreTest.h"
 
 namespace {
 
@@ -12,37 +12,17 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-class StartUpTest : public CoreTest {
+class StartUpTest : public AnsweringCoreTest<CoreTest> {
  protected:
-  ~StartUpTest() override { CamSpeed = {}; }
-
-  static std::string line(const std::string& message, const char* stream = "out") {
-    return std::string(stream) + ": CameraSerialSettings::SetDefault(): " + message + "\\n";
-  }
-  static void add(Log& log, const Log& events) { log.insert(log.end(), events.begin(), events.end()); }
   /// The function codes of the requests since the last call; forgets all other events.
   static std::vector<int> takeCodes() {
     std::vector<int> codes;
     for (const std::string& request : takeRequests()) codes.push_back(std::stoi(request.substr(9, 2), nullptr, 16));
     return codes;
   }
-
-  static const Log kFeatures;
-
-  ModelAtLoad model_;
-  AnsweringCore answering_;
-};
-
-const StartUpTest::Log StartUpTest::kFeatures = {
-    "PvDevice::GetParameters",
-    "PvGenParameterArray::SetEnumValue PixelFormat Mono14",
-    "PvGenParameterArray::SetEnumValue TestPattern Off",
-    "PvGenParameterArray::SetEnumValue BulkSelector Bulk0",
-    "PvGenParameterArray::SetEnumValue BulkMode UART",
-    "PvGenParameterArray::SetEnumValue BulkBaudRate Baud57600",
-    "PvGenParameterArray::SetEnumValue BulkNumOfStopBits One",
-    "PvGenParameterArray::SetEnumValue BulkParity None",
-    "PvGenParameterArray::SetBooleanValue BulkLoopback false",
+  static std::string write(uint8_t code, const Bytes& payload = {}) {
+    return "PvDeviceSerialPort::Write " + scripted::hex(core_frames::frame(code, payload));
+  }
 };
 
 TEST_F(StartUpTest, SetDefault_RadiometricCore_EveryStepInItsOrder) {
@@ -53,39 +33,41 @@ TEST_F(StartUpTest, SetDefault_RadiometricCore_EveryStepInItsOrder) {
   core_.SetDebugMessages(true);
   EXPECT_EQ(core_.SetDefault(), 0);
 
-  Log expected = {"PvDevice::IsConnected", line("Setting default settings")};
-  add(expected, kFeatures);
-  add(expected, writeEvents(0));
-  add(expected, {line("Checking part number")});
-  add(expected, readEvents(102));
-  add(expected, {line("Camera part number: 46640001X-FRNLX"), line("Resolution: 640x512"),
-                 "PvGenParameterArray::SetIntegerValue Width 640", "PvGenParameterArray::SetIntegerValue Height 512",
-                 line("Checking for radiometry: 1"), line("Setting radiometry")});
-  add(expected, writeEvents(142, {0x00, 0x40, 0x00, 0x01}));
-  add(expected, writeEvents(229, {0x01, 0x00, 0x19, 0x99}));  // what was in force until now
-  add(expected, writeEvents(229, {0x01, 0x07, 0x0E, 0x10}));
-  add(expected, writeEvents(229, {0x01, 0x05, 0x0A, 0x7D}));
-  add(expected, writeEvents(142, {0x00, 0x10, 0x00, 0x01}));
-  add(expected, writeEvents(142, {0x00, 0x10, 0x00, 0x01}));
-  add(expected, {line("Setting default values for emissivity, atmosferic temperature, reflected temperature and "
-                      "humidity")});
-  add(expected, writeEvents(229, {0x01, 0x00, 0x1E, 0x66}));
-  add(expected, writeEvents(229, {0x01, 0x05, 0x07, 0xD0}));
-  add(expected, writeEvents(229, {0x01, 0x07, 0x07, 0xD0}));
-  add(expected, {line("Setting FFC mode to AUTO")});
-  add(expected, writeEvents(11, {0x00, 0x01}));
-  add(expected, {line("Setting XP BUS mode to CMOS")});
-  add(expected, writeEvents(18, {0x03, 0x02}));
-  add(expected, {line("Setting digital depth to 14bit")});
-  add(expected, writeEvents(18, {0x06, 0x00}));
-  add(expected, {line("Setting Range mode to low ")});
-  add(expected, writeEvents(10, {0x00, 0x02}));
-  add(expected, {"sleep 1 s"});
-  add(expected, writeEvents(12));
-  add(expected, writeEvents(142, {0x00, 0x10, 0x00, 0x01}));
-  add(expected, {"sleep 1 s", "sleep 1 s", line("Doing FFC")});
-  add(expected, readEvents(32, {0x00, 0x00}));
-  add(expected, writeEvents(12));
+  const Events expected = joined({
+      {"PvDevice::IsConnected", startUpLine("Setting default settings")},
+      featureEvents(),
+      writeEvents(0),
+      {startUpLine("Checking part number")},
+      readEvents(102),
+      {startUpLine("Camera part number: 46640001X-FRNLX"), startUpLine("Resolution: 640x512"),
+       "PvGenParameterArray::SetIntegerValue Width 640", "PvGenParameterArray::SetIntegerValue Height 512",
+       startUpLine("Checking for radiometry: 1"), startUpLine("Setting radiometry")},
+      writeEvents(142, {0x00, 0x40, 0x00, 0x01}),
+      writeEvents(229, {0x01, 0x00, 0x19, 0x99}),  // what was in force until now
+      writeEvents(229, {0x01, 0x07, 0x0E, 0x10}),
+      writeEvents(229, {0x01, 0x05, 0x0A, 0x7D}),
+      writeEvents(142, {0x00, 0x10, 0x00, 0x01}),
+      writeEvents(142, {0x00, 0x10, 0x00, 0x01}),
+      {startUpLine("Setting default values for emissivity, atmosferic temperature, reflected temperature and "
+                   "humidity")},
+      writeEvents(229, {0x01, 0x00, 0x1E, 0x66}),
+      writeEvents(229, {0x01, 0x05, 0x07, 0xD0}),
+      writeEvents(229, {0x01, 0x07, 0x07, 0xD0}),
+      {startUpLine("Setting FFC mode to AUTO")},
+      writeEvents(11, {0x00, 0x01}),
+      {startUpLine("Setting XP BUS mode to CMOS")},
+      writeEvents(18, {0x03, 0x02}),
+      {startUpLine("Setting digital depth to 14bit")},
+      writeEvents(18, {0x06, 0x00}),
+      {startUpLine("Setting Range mode to low ")},
+      writeEvents(10, {0x00, 0x02}),
+      {"sleep 1 s"},
+      writeEvents(12),
+      writeEvents(142, {0x00, 0x10, 0x00, 0x01}),
+      {"sleep 1 s", "sleep 1 s", startUpLine("Doing FFC")},
+      readEvents(32, {0x00, 0x00}),
+      writeEvents(12),
+  });
   EXPECT_EQ(takeAll(), expected);
 
   EXPECT_TRUE(core_.GetIsRadiometric());
@@ -100,7 +82,7 @@ TEST_F(StartUpTest, SetDefault_RadiometricCore_EveryStepInItsOrder) {
 
 TEST_F(StartUpTest, SetDefault_WithoutDebugMessages_PrintsOneLine) {
   EXPECT_EQ(core_.SetDefault(), 0);
-  EXPECT_THAT(takePrinted(), ElementsAre(line("Setting default settings")));
+  EXPECT_THAT(takePrinted(), ElementsAre(startUpLine("Setting default settings")));
 }
 
 TEST_F(StartUpTest, SetDefault_DebugMessages_ChangeNothingElse) {
@@ -115,32 +97,40 @@ TEST_F(StartUpTest, SetDefault_DebugMessages_ChangeNothingElse) {
 TEST_F(StartUpTest, SetDefault_CoreWithoutRadiometry_GetsTheObjectParametersButNoRadiometry) {
   answering_.part_number = "46324007H-FPNLX";
   emissivity = 0.8;
+  atmosphericTemperature = 300.0;
+  reflectedTemperature = 310.0;
   humidity = 0.9;
   core_.isRadiometric = true;  // of another core before
   core_.SetDebugMessages(true);
   EXPECT_EQ(core_.SetDefault(), 0);
   const Log printed = log().of({"out"});
-  EXPECT_THAT(printed, Contains(line("Checking for radiometry: 0")));
-  EXPECT_THAT(printed, Not(Contains(line("Setting radiometry"))));
-  EXPECT_THAT(printed, Contains(line("Resolution: 320x256")));
+  EXPECT_THAT(printed, Contains(startUpLine("Checking for radiometry: 0")));
+  EXPECT_THAT(printed, Not(Contains(startUpLine("Setting radiometry"))));
+  EXPECT_THAT(printed, Contains(startUpLine("Resolution: 320x256")));
   EXPECT_THAT(takeCodes(), ElementsAre(0, 102, 11, 18, 18, 10, 12, 32, 12));
   EXPECT_FALSE(core_.GetIsRadiometric());
   EXPECT_FALSE(core_.GetRadiometryMode());
   EXPECT_EQ(core_.GetEmissivity(), 0.95);
+  EXPECT_EQ(core_.GetAtmosphericTemperatureK(), 293.15);
+  EXPECT_EQ(core_.GetReflectedTemperatureK(), 293.15);
   EXPECT_EQ(core_.GetHumidity(), 0.5);
 }
 
-TEST_F(StartUpTest, SetDefault_SpeedOfTwo_SetsTheVideoStandardBeforeTheSize) {
+TEST_F(StartUpTest, SetDefault_SpeedOfTwo_SetsTheVideoStandardBeforeItTellsAndSetsTheSize) {
+  core_.SetDebugMessages(true);
   for (const bool set : {true, false}) {
     SCOPED_TRACE(set ? "set" : "not set, and looked at all the same");
     CamSpeed = {set, 2};
     EXPECT_EQ(core_.SetDefault(), 0);
-    const Log events = log().of({"PvGenParameterArray::SetInteger", "PvDeviceSerialPort::Write"});
-    ASSERT_GE(events.size(), 6u);
-    EXPECT_EQ(events[2], "PvDeviceSerialPort::Write " + scripted::hex(core_frames::frame(114, {0x00, 0x04})));
-    EXPECT_EQ(events[3], "PvDeviceSerialPort::Write " + scripted::hex(core_frames::frame(12, {})));
-    EXPECT_EQ(events[4], "PvGenParameterArray::SetIntegerValue Width 640");
-    log().clear();
+    Log events = take({"out", "PvGenParameterArray::SetInteger", "PvDeviceSerialPort::Write"});
+    ASSERT_GE(events.size(), 10u);
+    events.resize(10);
+    EXPECT_THAT(
+        events,
+        ElementsAre(startUpLine("Setting default settings"), write(0), startUpLine("Checking part number"), write(102),
+                    write(114, {0x00, 0x04}), write(12), startUpLine("Camera part number: 46640001X-FRNLX"),
+                    startUpLine("Resolution: 640x512"), "PvGenParameterArray::SetIntegerValue Width 640",
+                    "PvGenParameterArray::SetIntegerValue Height 512"));
   }
 }
 
@@ -152,14 +142,28 @@ TEST_F(StartUpTest, SetDefault_OtherSpeeds_LeaveTheVideoStandard) {
   }
 }
 
-TEST_F(StartUpTest, SetDefault_NotConnected_SaysSoAndTouchesNothing) {
+TEST_F(StartUpTest, SetDefault_NotConnected_SaysSoAndChangesNothing) {
   scripted_device_->stays_connected = false;
-  EXPECT_EQ(core_.SetDefault(), -1);
-  EXPECT_THAT(takeAll(), ElementsAre("PvDevice::IsConnected", line("Camera device not connected", "err")));
-
   CameraSerialSettings without_device(nullptr, kPort);
-  EXPECT_EQ(without_device.SetDefault(), -1);
-  EXPECT_THAT(takeAll(), ElementsAre(line("Camera device not connected", "err")));
+  const std::pair<CameraSerialSettings*, Log> cores[] = {{&core_, {"PvDevice::IsConnected"}}, {&without_device, {}}};
+  for (const auto& [core, asked] : cores) {
+    for (const bool flags : {true, false}) {
+      core->isSupported = flags;
+      core->isRadiometric = flags;
+      core->cameraPartNumber = "50000081H-FRNLS";
+      core->partNumber = "46640019H-SPNLX";
+      emissivity = 0.8;
+      CamSpeed = {true, 2};
+      EXPECT_EQ(core->SetDefault(), -1);
+      EXPECT_EQ(takeAll(), joined({asked, {startUpLine("Camera device not connected", "err")}}));
+      EXPECT_EQ(core->GetIsSupported(), flags);
+      EXPECT_EQ(core->GetIsRadiometric(), flags);
+      EXPECT_EQ(core->GetCameraPartNumber(), "50000081H-FRNLS");
+      EXPECT_EQ(core->GetPartNumber(), "46640019H-SPNLX");
+      EXPECT_EQ(emissivity, 0.8);
+      EXPECT_EQ(CamSpeed.speed, 2);
+    }
+  }
 }
 
 TEST_F(StartUpTest, SetDefault_CoreThatWakesLate_IsAskedNoMoreThanItTakes) {
@@ -177,19 +181,41 @@ TEST_F(StartUpTest, SetDefault_SilentCore_IsAskedTenTimesAndThenForItsPartNumber
   core_.SetDebugMessages(true);
   EXPECT_EQ(core_.SetDefault(), -1);
   const Log features = log().of({"PvDevice::GetParameters", "PvGenParameterArray"});
-  EXPECT_EQ(features, kFeatures) << "and no size";
+  EXPECT_EQ(features, featureEvents()) << "and no size";
   Log printed = log().of({"out", "err"});
   ASSERT_GE(printed.size(), 2u);
-  EXPECT_EQ(printed.back(), line("Camera communication error", "err"));
-  EXPECT_THAT(printed, Contains(line("Checking part number")));
+  EXPECT_EQ(printed.back(), startUpLine("Camera communication error", "err"));
+  EXPECT_THAT(printed, Contains(startUpLine("Checking part number")));
   EXPECT_THAT(takeCodes(), ElementsAre(0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 102));
   EXPECT_FALSE(core_.GetIsSupported());
+}
+
+TEST_F(StartUpTest, SetDefault_CommunicationError_KeepsAllButTheSupport) {
+  const auto silence = [this] { answering_.unheard = 1000; };
+  const auto refusal = [this] { answering_.statuses[102] = 3; };
+  for (const std::function<void()>& fail : {std::function<void()>(silence), std::function<void()>(refusal)}) {
+    for (const bool radiometric : {true, false}) {
+      core_.isSupported = true;
+      core_.isRadiometric = radiometric;
+      core_.cameraPartNumber = "50000081H-FRNLS";
+      core_.partNumber = "46640019H-SPNLX";
+      emissivity = 0.8;
+      fail();
+      EXPECT_EQ(core_.SetDefault(), -1);
+      EXPECT_EQ(core_.GetIsRadiometric(), radiometric);
+      EXPECT_FALSE(core_.GetIsSupported());
+      EXPECT_EQ(core_.GetCameraPartNumber(), "50000081H-FRNLS");
+      EXPECT_EQ(core_.GetPartNumber(), "46640019H-SPNLX");
+      EXPECT_EQ(emissivity, 0.8);
+    }
+    answering_.unheard = 0;
+  }
 }
 
 TEST_F(StartUpTest, SetDefault_PartNumberRefused_EndsTheSame) {
   answering_.statuses[102] = 3;
   EXPECT_EQ(core_.SetDefault(), -1);
-  EXPECT_EQ(log().of({"err"}).back(), line("Camera communication error", "err"));
+  EXPECT_EQ(log().of({"err"}).back(), startUpLine("Camera communication error", "err"));
   EXPECT_THAT(takeCodes(), ElementsAre(0, 102));
 }
 
@@ -208,7 +234,7 @@ TEST_F(StartUpTest, SetDefault_UnknownPartNumber_SetsNoSizeAndGoesOn) {
   EXPECT_THAT(
       log().of({"PvGenParameterArray::SetInteger"}),
       ElementsAre("PvGenParameterArray::SetIntegerValue Width -1", "PvGenParameterArray::SetIntegerValue Height -1"));
-  EXPECT_THAT(log().of({"out"}), Contains(line("Resolution: -1x-1")));
+  EXPECT_THAT(log().of({"out"}), Contains(startUpLine("Resolution: -1x-1")));
   EXPECT_TRUE(core_.GetIsRadiometric()) << "its letter tells all the same";
   EXPECT_FALSE(core_.GetIsSupported());
 }
@@ -217,8 +243,8 @@ TEST_F(StartUpTest, SetDefault_AlternativeForm_TellsTheCoresTextAndUsesTheOther)
   answering_.part_number = "50000081H-FRNLS";
   core_.SetDebugMessages(true);
   EXPECT_EQ(core_.SetDefault(), 0);
-  EXPECT_THAT(log().of({"out"}), Contains(line("Camera part number: 50000081H-FRNLS")));
-  EXPECT_THAT(log().of({"out"}), Contains(line("Resolution: 640x512")));
+  EXPECT_THAT(log().of({"out"}), Contains(startUpLine("Camera part number: 50000081H-FRNLS")));
+  EXPECT_THAT(log().of({"out"}), Contains(startUpLine("Resolution: 640x512")));
   EXPECT_EQ(core_.GetPartNumber(), "46640019H-SPNLX");
   EXPECT_FALSE(core_.GetIsRadiometric());
 }
