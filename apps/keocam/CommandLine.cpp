@@ -23,6 +23,8 @@ constexpr Verb kStream{"stream", "Receive frames and tell how well that goes",
                        "keocam stream --camera KEOD2001 --frames 100 --picture last.png"};
 constexpr Verb kSimulate{"simulate", "Run a camera in software (keocam-simulator)", "keocam simulate --cameras 2"};
 
+constexpr const char* kUnchanged = "Nothing changes on the camera and its core.\n\n";
+
 // Far more than anyone waits, and still exact in nanoseconds.
 constexpr double kLongest_s = 1e8;
 
@@ -72,14 +74,14 @@ void addList(CLI::App& app, Command& chosen) {
 }
 
 void addInfo(CLI::App& app, Command& chosen) {
-  const auto verb = addVerbWithOptions<CameraInfoOptions>(app, kInfo, chosen, "Nothing changes on the camera.\n\n");
+  const auto verb = addVerbWithOptions<CameraInfoOptions>(app, kInfo, chosen, kUnchanged);
   addCameraOption(*verb.app, verb.options.serial_number);
   addCalibrationsOption(*verb.app, verb.options.calibrations);
   verb.app->add_flag("--json", verb.options.json, "Print an object instead of a table");
 }
 
 void addStream(CLI::App& app, Command& chosen) {
-  const auto [command, options] = addVerbWithOptions<StreamOptions>(app, kStream, chosen);
+  const auto [command, options] = addVerbWithOptions<StreamOptions>(app, kStream, chosen, kUnchanged);
   StreamLimits& limits = options.limits;
   addCameraOption(*command, options.serial_number);
   command->add_option("-n,--frames", limits.frames, "Stop after N frames")
@@ -93,7 +95,6 @@ void addStream(CLI::App& app, Command& chosen) {
       ->check(secondsFrom(1.0));
   command->add_option("-p,--picture", options.picture_path, "Write the last frame as a PNG with a scale bar")
       ->type_name("FILE");
-  addCalibrationsOption(*command, options.calibrations);
   command->add_flag("--json", options.json, "Print the totals as an object");
 }
 

@@ -6,11 +6,12 @@
 
 #include "apps/keocam/CameraChoice.h"
 #include "apps/keocam/CameraSearch.h"
-#include "apps/keocam/CameraSession.h"
 #include "apps/keocam/CommandFailure.h"
+#include "apps/keocam/ConnectedDevice.h"
 #include "apps/keocam/PendingFile.h"
 #include "apps/keocam/StreamReport.h"
 #include "apps/keocam/StreamRun.h"
+#include "apps/keocam/frames/OpenedStream.h"
 #include "apps/keocam/picture/Png.h"
 #include "apps/keocam/picture/ThermalPicture.h"
 #include "apps/keocam/terminal/PrintableText.h"
@@ -18,13 +19,6 @@
 
 namespace keocam::cli {
 namespace {
-
-CalibrationEntry calibrationOf(const DeviceDetails& camera, const std::string& folder) {
-  if (!folder.empty()) return CalibrationSource(folder).lookUp(camera.serial_number);
-  CalibrationEntry none;
-  none.serial_number = camera.serial_number;
-  return none;
-}
 
 StreamResult streamFrom(Camera& camera, const StreamOptions& options, const Console& console, StopSignal& stop) {
   ProgressLine progress(std::cerr, [] { return terminalOn(STDERR_FILENO); });
@@ -71,11 +65,12 @@ ExitStatus runStreamCommand(const StreamOptions& options, const Console& console
   const DeviceDetails& camera = search.details()[chosen];
   if (!camera.in_subnet) console.warning(subnetAdvice(camera));
 
-  CameraSession session(search.infos()[chosen], camera, calibrationOf(camera, options.calibrations));
-  session.connect(console);
+  const PvDeviceInfo& info = *search.infos()[chosen];
+  const ConnectedDevice device = connectDevice(info);
+  OpenedStream opened(*device, info);
   console.detail("Connected to " + nameOf(camera) + ".");
 
-  const StreamResult result = streamFrom(session.camera(), options, console, stop);
+  const StreamResult result = streamFrom(opened.camera(), options, console, stop);
   output.write(options.json ? streamJson(camera, result) : streamText(camera, result));
   warnOfUnknownFormat(console, result);
   const bool failed = result.end == StreamEnd::NoFrames || result.end == StreamEnd::CameraLost;

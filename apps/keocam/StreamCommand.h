@@ -15,11 +15,11 @@ struct StreamOptions {
   std::optional<std::string> serial_number;  ///< without: the only camera there is
   StreamLimits limits;
   std::optional<std::string> picture_path;  ///< a PNG of the last frame
-  std::string calibrations;                 ///< folder of calibrations; empty for none
   bool json = false;
 };
 
-/// Totals go to `output` however the stream ends. Throws CommandFailure.
+/// Neither the camera's settings nor its core change. Totals go to `output` however the stream ends. Throws
+/// CommandFailure.
 ExitStatus runStreamCommand(const StreamOptions& options, const Console& console, DataOutput& output);
 
 }  // namespace keocam::cli

@@ -28,9 +28,9 @@ struct StreamResult {
   std::vector<uint8_t> last_frame_pixels;  ///< empty unless asked for
 };
 
-/// Starts the acquisition of a connected camera, fetches frames until a limit is reached, `stop` is requested, or
-/// nothing comes any more, and stops the acquisition. `report` gets every second what happened in it, and what happened
-/// in all. With `keep_last_frame` the result holds a copy of the last frame's pixels.
+/// Starts the acquisition of a camera whose stream is open, fetches frames until a limit is reached, `stop` is
+/// requested, or nothing comes any more, and stops the acquisition. `report` gets every second what happened in it, and
+/// what happened in all. With `keep_last_frame` the result holds a copy of the last frame's pixels.
 StreamResult runStream(Camera& camera, const StreamLimits& limits, bool keep_last_frame, const StopSignal& stop,
                        const std::function<void(const StreamPeriod& second, const StreamPeriod& all)>& report);
 

@@ -38,36 +38,34 @@ TEST(CommandLine, List_TakesJson) {
 }
 
 TEST(CommandLine, Stream_TakesItsOptions) {
-  const auto options = std::get<StreamOptions>(
-      invocationOf({"stream", "-c", "KEOD2001", "--frames", "100", "--duration=2.5", "--timeout", "7", "--picture",
-                    "last.png", "--calibrations", "/data", "--json"})
-          .command);
+  const auto options =
+      std::get<StreamOptions>(invocationOf({"stream", "-c", "KEOD2001", "--frames", "100", "--duration=2.5",
+                                            "--timeout", "7", "--picture", "last.png", "--json"})
+                                  .command);
   EXPECT_EQ(options.serial_number, "KEOD2001");
   EXPECT_EQ(options.limits.frames, 100U);
   EXPECT_EQ(options.limits.duration_s, 2.5);
   EXPECT_EQ(options.limits.timeout_s, 7.0);
   EXPECT_EQ(options.picture_path, "last.png");
-  EXPECT_EQ(options.calibrations, "/data");
   EXPECT_TRUE(options.json);
 }
 
 TEST(CommandLine, Stream_WithoutOptionsHasNoLimits) {
-  ::unsetenv("KEOCAM_DATA_DIR");
   const auto options = std::get<StreamOptions>(invocationOf({"stream"}).command);
   EXPECT_FALSE(options.serial_number);
   EXPECT_FALSE(options.limits.frames);
   EXPECT_FALSE(options.limits.duration_s);
   EXPECT_EQ(options.limits.timeout_s, 5.0);
   EXPECT_FALSE(options.picture_path);
-  EXPECT_EQ(options.calibrations, "");
 }
 
 TEST(CommandLine, CalibrationFolder_ComesFromTheEnvironmentToo) {
   ::setenv("KEOCAM_DATA_DIR", "/from/environment", 1);
-  EXPECT_EQ(std::get<StreamOptions>(invocationOf({"stream"}).command).calibrations, "/from/environment");
-  EXPECT_EQ(std::get<StreamOptions>(invocationOf({"stream", "--calibrations", "/given"}).command).calibrations,
+  EXPECT_EQ(std::get<CameraInfoOptions>(invocationOf({"info"}).command).calibrations, "/from/environment");
+  EXPECT_EQ(std::get<CameraInfoOptions>(invocationOf({"info", "--calibrations", "/given"}).command).calibrations,
             "/given");
   ::unsetenv("KEOCAM_DATA_DIR");
+  EXPECT_EQ(std::get<CameraInfoOptions>(invocationOf({"info"}).command).calibrations, "");
 }
 
 TEST(CommandLine, Verbosity_IsTakenOnBothSidesOfTheVerb) {

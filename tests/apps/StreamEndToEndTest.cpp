@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "KeocamRun.h"
+#include "core/CameraWithCore.h"
 
 namespace keocam::cli {
 namespace {
@@ -57,11 +58,37 @@ TEST(KeocamStream, LostFrames_AreCounted) {
   EXPECT_NEAR((sent - 1.0) / time_s, 50.0, 2.5);
 }
 
-TEST(KeocamStream, CalibrationThatIsMissing_IsSaidAndTheStreamGoesOn) {
-  const Simulator simulator({"--size", "160x128"});
-  const Ended stream = keocam({"stream", "-n", "1", "--json", "--calibrations", "/nowhere"});
-  EXPECT_EQ(stream.status, 0);
-  EXPECT_TRUE(contains(stream.error, "/nowhere/KEOD2001")) << stream.error;
+TEST(KeocamStream, Looking_ChangesNothingOnTheCore) {
+  CameraWithCore simulated;
+  const Ended set = keocam({"set", "emissivity=0.9", "ffc-mode=manual", "-q"});
+  ASSERT_EQ(set.status, 0) << set.error;
+  const simulator::CoreSettings before = simulated.core().settings();
+  const uint64_t corrections = simulated.core().ffcCount();
+  const std::size_t asked = simulated.asked().size();
+
+  const Ended stream = keocam({"stream", "--frames", "2", "--json"});
+  EXPECT_EQ(stream.status, 0) << stream.error;
+  EXPECT_EQ(nlohmann::json::parse(stream.output)["frames"], 2);
+  EXPECT_TRUE(simulated.core().settings() == before);
+  EXPECT_EQ(simulated.core().ffcCount(), corrections);
+  EXPECT_EQ(simulated.asked().size(), asked) << "the core is not even asked";
+  const auto settings = nlohmann::json::parse(keocam({"get", "emissivity", "ffc-mode", "--json"}).output);
+  EXPECT_EQ(settings["emissivity"], 0.9);
+  EXPECT_EQ(settings["ffc-mode"], "manual");
+}
+
+// Frames come of every camera: what its core or its serial number is, matters to other verbs.
+TEST(KeocamStream, FramesOfAnyCamera_Come) {
+  const Arguments cameras[] = {
+      {"--no-core"}, {"--core-part-number", "99999999X-FRNLX"}, {"--core-part-number", "4616"}, {"--serial", "AB1"}};
+  for (Arguments camera : cameras) {
+    camera.insert(camera.end(), {"--size", "160x128"});
+    const Simulator simulator(camera);
+    const Ended stream = keocam({"stream", "--frames", "3", "--json", "-q"});
+    EXPECT_EQ(stream.status, 0) << camera.front() << stream.error;
+    EXPECT_EQ(stream.error, "") << camera.front();
+    EXPECT_EQ(nlohmann::json::parse(stream.output)["frames"], 3) << camera.front();
+  }
 }
 
 TEST(KeocamStream, ReaderOfMessagesThatGoesAway_EndsTheStream) {

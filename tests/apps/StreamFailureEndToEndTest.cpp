@@ -2,12 +2,9 @@
 #include <gtest/gtest.h>
 #include <signal.h>
 
-#include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "KeocamRun.h"
-#include "TemporaryFolder.h"
 
 namespace keocam::cli {
 namespace {
@@ -27,13 +24,6 @@ TEST(KeocamStream, SeveralCamerasAndNoChoice_IsStatus2WithTheirNames) {
   const Ended stream = keocam({"stream", "--frames", "1"});
   EXPECT_EQ(stream.status, 2);
   EXPECT_TRUE(contains(stream.error, "KEOD2001") && contains(stream.error, "KEOD2002")) << stream.error;
-}
-
-TEST(KeocamStream, SerialNumberOfAnotherFamily_IsExplained) {
-  const Simulator simulator({"--serial", "AB1", "--size", "160x128"});
-  const Ended stream = keocam({"stream", "--frames", "1"});
-  EXPECT_EQ(stream.status, 1);
-  EXPECT_TRUE(contains(stream.error, "AB1") && contains(stream.error, "KEOD2001")) << stream.error;
 }
 
 TEST(KeocamStream, CameraInUse_IsStatus4AndAnInterruptedStreamGivesItsTotals) {
@@ -73,45 +63,6 @@ TEST(KeocamStream, NoPacketArrives_IsStatus5ThatNamesTheFirewall) {
   EXPECT_EQ(stream.status, 5) << stream.error;
   EXPECT_TRUE(contains(stream.error, "no complete frame") && contains(stream.error, "firewall")) << stream.error;
   EXPECT_TRUE(contains(stream.output, "Rate            - frames/s")) << stream.output;
-}
-
-TEST(KeocamStream, CoreThatDoesNotAnswer_IsAWarningAndFramesCome) {
-  const Simulator simulator({"--size", "160x128", "--no-core"});
-  const Ended stream = keocam({"stream", "--frames", "3", "--json"});
-  EXPECT_EQ(stream.status, 0) << stream.error;
-  EXPECT_EQ(nlohmann::json::parse(stream.output)["frames"], 3);
-  EXPECT_TRUE(contains(stream.error, "warning: The thermal core of ") && contains(stream.error, "does not answer"))
-      << stream.error;
-  EXPECT_FALSE(contains(stream.error, "CameraSerialSettings")) << stream.error;
-
-  const Ended verbose = keocam({"stream", "--frames", "3", "--json", "--verbose"});
-  EXPECT_TRUE(contains(verbose.error, "CameraSerialSettings::SetDefault(): Camera communication error"))
-      << verbose.error;
-}
-
-TEST(KeocamStream, UnknownPartNumber_IsAWarningThatNamesIt) {
-  const Simulator simulator({"--size", "160x128", "--core-part-number", "99999999X-FRNLX"});
-  const Ended stream = keocam({"stream", "--frames", "3", "--json"});
-  EXPECT_EQ(stream.status, 0) << stream.error;
-  EXPECT_TRUE(contains(stream.error, "part number \"99999999X-FRNLX\", which is not known")) << stream.error;
-}
-
-TEST(KeocamStream, PartNumberTooShort_IsStatus1ThatNamesIt) {
-  const Simulator simulator({"--size", "160x128", "--core-part-number", "4616"});
-  const Ended stream = keocam({"stream", "--frames", "3"});
-  EXPECT_EQ(stream.status, 1) << stream.error;
-  EXPECT_TRUE(contains(stream.error, "\"4616\" is too short")) << stream.error;
-}
-
-TEST(KeocamStream, UnusableCalibration_IsStatus1ThatNamesTheCheck) {
-  const TemporaryFolder folder;
-  std::filesystem::create_directory(folder.path() / "KEOD2001");
-  std::ofstream(folder.path() / "KEOD2001" / "calibration.txt") << "BB:x";
-  std::ofstream(folder.path() / "KEOD2001" / "manifest.txt") << "version = 03\nsize = 4\n";
-  const Simulator simulator({"--size", "160x128"});
-  const Ended stream = keocam({"stream", "--frames", "3", "--calibrations", folder.path().string()});
-  EXPECT_EQ(stream.status, 1) << stream.error;
-  EXPECT_TRUE(contains(stream.error, "keocam calibration check")) << stream.error;
 }
 
 }  // namespace

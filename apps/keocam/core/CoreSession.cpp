@@ -2,7 +2,6 @@
 
 #include "apps/keocam/CameraChoice.h"
 #include "apps/keocam/CommandFailure.h"
-#include "apps/keocam/ConnectFailure.h"
 #include "apps/keocam/core/SerialBridge.h"
 #include "apps/keocam/core/StatusText.h"
 #include "apps/keocam/terminal/PrintableText.h"
@@ -25,9 +24,7 @@ CoreSession::CoreSession(const std::optional<std::string>& serial_number, const 
 CoreSession::~CoreSession() = default;
 
 void CoreSession::connect() {
-  PvResult result;
-  device_.reset(PvDevice::CreateAndConnect(search_.infos()[chosen_], &result));
-  if (device_ == nullptr) throw connectFailure(camera(), result.GetCode(), textOf(result.GetDescription()));
+  device_ = connectDevice(info());
   setUpSerialBridge(*device_, camera());
   core_.emplace(device_.get(), kCorePort);
   wake();

@@ -7,6 +7,7 @@
 
 #include "PvDevice.h"
 #include "apps/keocam/CameraSearch.h"
+#include "apps/keocam/ConnectedDevice.h"
 #include "apps/keocam/Console.h"
 #include "apps/keocam/core/StatusText.h"
 #include "serial/CameraSerialSettings.h"
@@ -74,7 +75,7 @@ class CoreSession {
 
   CameraSearch search_;
   std::size_t chosen_;
-  std::unique_ptr<PvDevice, void (*)(PvDevice*)> device_;
+  ConnectedDevice device_;
   std::optional<CameraSerialSettings> core_;
 };
 

@@ -1,15 +1,11 @@
 // Frames of a connected camera, for as long as a scope lasts. Nothing but the acquisition changes on the camera.
 #pragma once
 
-#include <memory>
 #include <optional>
+#include <vector>
 
-#include "PvDevice.h"
-#include "PvDeviceInfo.h"
-#include "PvPipeline.h"
-#include "PvStream.h"
+#include "apps/keocam/frames/OpenedStream.h"
 #include "apps/keocam/frames/RawFrame.h"
-#include "camera/Camera.h"
 #include "pv/aravis/StreamDetails.h"
 
 namespace keocam::cli {
@@ -33,15 +29,11 @@ class CameraFrames {
   /// The next frame, waited for up to a second. Those that nobody fetches in time are dropped, the latest ones.
   std::optional<ReceivedFrame> next();
 
-  StreamStatistics statistics() const { return statisticsOf(*stream_); }
-  uint32_t packetSize_bytes() const { return packetSizeOf(*stream_); }
+  StreamStatistics statistics() const { return statisticsOf(opened_.stream()); }
+  uint32_t packetSize_bytes() const { return packetSizeOf(opened_.stream()); }
 
  private:
-  // The library's steps of an acquisition, on a device that is connected already: connecting would bring the core to
-  // its defaults.
-  Camera camera_;
-  std::unique_ptr<PvStream, void (*)(PvStream*)> stream_;
-  std::unique_ptr<PvPipeline> pipeline_;
+  OpenedStream opened_;
 };
 
 }  // namespace keocam::cli
