@@ -24,9 +24,9 @@ using Code = PvResult::Code;
 // Long enough for a device that answers, short enough for a caller.
 constexpr std::chrono::milliseconds kCloseLimit_ms(2500);
 constexpr guint32 kTakeControl = 2;
-// Aravis takes five seconds to give up a device that falls silent while it is being opened. Who connected it has waited
-// some of them, and whoever goes on with another device waits for the rest.
-constexpr std::chrono::milliseconds kTurnLimit_ms(4000);
+// Aravis takes five seconds to give up a device that falls silent while it is being opened, and ten if its heartbeat
+// gets in between. Who connected it has waited two of them, and whoever goes on with another device waits for the rest.
+constexpr std::chrono::milliseconds kTurnLimit_ms(9000);
 
 // Found on one interface, such a device is then sent to through whichever of them the kernel prefers.
 std::string routingHint(const DeviceDetails& device) {

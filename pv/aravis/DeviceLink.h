@@ -35,7 +35,7 @@ class DeviceLink : public std::enable_shared_from_this<DeviceLink> {
  public:
   using Work = std::function<PvResult(ArvDevice*)>;
 
-  /// Takes control of the device, within `limit` of its turn to be opened. The turn may take 4 s to come, when another
+  /// Takes control of the device, within `limit` of its turn to be opened. The turn may take 9 s to come, when another
   /// device was lost while it was being opened. Null on failure, with the reason in `result`.
   static std::shared_ptr<DeviceLink> connect(const DeviceDetails& device, std::chrono::milliseconds limit,
                                              PvResult& result);

@@ -12,7 +12,7 @@
 class PvDevice {
  public:
   /// Connects with control over the device. Null on failure; `result` then tells InUse (another host controls it) from
-  /// NotConnected (it does not answer). Waits up to 4 s more while another device, which was lost while it was being
+  /// NotConnected (it does not answer). Waits up to 9 s more while another device, which was lost while it was being
   /// connected, is given up. The caller ends the object with Free().
   static PvDevice* CreateAndConnect(const PvDeviceInfo* info, PvResult* result);
   /// Disconnects if need be and deletes; null is harmless.

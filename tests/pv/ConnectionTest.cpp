@@ -39,7 +39,7 @@ TEST(Connect, CreateAndConnect_AnotherDeviceLostWhileItWasConnected_WaitsUntilIt
 
   const auto info = pv_test::describe(camera.options());
   pv_test::DevicePtr device;
-  EXPECT_LT(pv_test::durationOf([&] { device.reset(PvDevice::CreateAndConnect(info.get(), &result)); }), 7000);
+  EXPECT_LT(pv_test::durationOf([&] { device.reset(PvDevice::CreateAndConnect(info.get(), &result)); }), 12000);
   EXPECT_TRUE(device) << pv_test::textOf(result);
 }
 
