@@ -42,7 +42,9 @@ class Camera {
   /// had been made before a failure stays, and Disconnect() releases it. -1 for a camera that is connected already,
   /// which is left alone. A core that does not answer, which takes 2 seconds longer to find out, is no failure, since
   /// frames arrive without one: `serialSettings` tells, its GetIsSupported is then false and its GetCameraPartNumber
-  /// empty. Nor is a device that is lost during the start-up: IsConnected() tells.
+  /// empty. Nor is a device that is lost during the start-up: IsConnected() tells. A device that falls silent, whenever
+  /// it does, makes this last 3 seconds longer at most. One that did so while it was being connected is given up some
+  /// seconds later; connecting another camera waits for that, 9 seconds at most.
   ///
   /// Throws std::out_of_range for a serial number of fewer than 4 characters and std::invalid_argument for one without
   /// a number at position 4, both before anything is connected. A calibration that cannot be used throws as
@@ -59,7 +61,9 @@ class Camera {
   PvPipeline* CreatePipeline(PvDevice* device, PvStream* stream);
 
   /// Stops the acquisition if it runs and releases pipeline, stream and device. Always waits one second. Call it once
-  /// per successful Connect(): the pipeline's pointer keeps its old value.
+  /// per successful Connect(): the pipeline's pointer keeps its old value. A `device` that was lost stays, as does a
+  /// `stream` that closed with it, and `acquiring`: to connect again, or before the camera is deleted, give them to
+  /// PvStream::Free and PvDevice::Free, which take null as well, and reset all three.
   void Disconnect();
 
   bool IsConnected();
