@@ -6,13 +6,13 @@
 
 #include <cerrno>
 #include <chrono>
-#include <iostream>
+#include <functional>
 #include <memory>
-#include <ostream>
 #include <stdexcept>
 #include <string>
 
 #include "bench/BridgedCore.h"
+#include "bench/TableProgram.h"
 
 namespace {
 
@@ -85,12 +85,7 @@ void connect(benchmark::State& state, Camera& camera, simulator::ThermalCore& si
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-  // The library's progress lines are not part of the table.
-  std::ostream table(std::cout.rdbuf());
-  std::cout.rdbuf(nullptr);
-  try {
+  return bench::tableProgram(argc, argv, [](const std::function<void()>& run_all) {
     const simulator::SimulatedCamera camera(bench::cameraWithCore("KEOD2001", "127.0.0.2", true));
     CameraCenter center("");
     if (center.cameras.size() != 1) throw std::runtime_error("the simulated camera was not found");
@@ -101,12 +96,6 @@ int main(int argc, char** argv) {
           ->Unit(benchmark::kSecond)
           ->UseManualTime();
     }
-    benchmark::ConsoleReporter reporter(benchmark::ConsoleReporter::OO_Tabular);
-    reporter.SetOutputStream(&table);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    return 0;
-  } catch (const std::exception& failure) {
-    std::cerr << failure.what() << '\n';
-    return 1;
-  }
+    run_all();
+  });
 }

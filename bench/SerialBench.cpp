@@ -11,14 +11,14 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <iostream>
+#include <functional>
 #include <memory>
-#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "bench/BridgedCore.h"
+#include "bench/TableProgram.h"
 
 namespace {
 
@@ -78,13 +78,7 @@ void measure(benchmark::State& state, CameraSerialSettings& core, const Exchange
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-
-  // The library's progress lines are not part of the table.
-  std::ostream table(std::cout.rdbuf());
-  std::cout.rdbuf(nullptr);
-  try {
+  return bench::tableProgram(argc, argv, [](const std::function<void()>& run_all) {
     const simulator::SimulatedCamera paced(bench::cameraWithCore("KEOD2001", "127.0.0.2", true));
     const simulator::SimulatedCamera unpaced(bench::cameraWithCore("KEOD2002", "127.0.0.3", false));
     CameraCenter center("");
@@ -104,12 +98,6 @@ int main(int argc, char** argv) {
       }
     }
     if (bridges.size() != 2) throw std::runtime_error("the simulated cameras were not found");
-    benchmark::ConsoleReporter reporter(benchmark::ConsoleReporter::OO_Tabular);
-    reporter.SetOutputStream(&table);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    return 0;
-  } catch (const std::exception& failure) {
-    std::cerr << failure.what() << '\n';
-    return 1;
-  }
+    run_all();
+  });
 }

@@ -4,12 +4,11 @@
 
 #include <chrono>
 #include <functional>
-#include <iostream>
 #include <map>
-#include <ostream>
 #include <stdexcept>
 
 #include "bench/BridgedCore.h"
+#include "bench/TableProgram.h"
 #include "calibration/Calibration.h"
 #include "calibration/LensChange.h"
 #include "simulator/calibration/CalibrationText.h"
@@ -74,12 +73,7 @@ void changeLens(benchmark::State& state, CameraSerialSettings& core) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-  // The library's progress lines are not part of the table.
-  std::ostream table(std::cout.rdbuf());
-  std::cout.rdbuf(nullptr);
-  try {
+  return bench::tableProgram(argc, argv, [](const std::function<void()>& run_all) {
     const simulator::SimulatedCamera camera(
         bench::cameraWithCore("KEOD2001", "127.0.0.2", true, simulator::flashGeometryFor(kTable_bytes)));
     CameraCenter center("");
@@ -95,12 +89,6 @@ int main(int argc, char** argv) {
           ->Unit(benchmark::kSecond)
           ->UseRealTime();
     }
-    benchmark::ConsoleReporter reporter(benchmark::ConsoleReporter::OO_Tabular);
-    reporter.SetOutputStream(&table);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    return 0;
-  } catch (const std::exception& failure) {
-    std::cerr << failure.what() << '\n';
-    return 1;
-  }
+    run_all();
+  });
 }
