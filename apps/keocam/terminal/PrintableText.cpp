@@ -64,16 +64,18 @@ std::size_t columnsOf(std::string_view printable_text) {
   return columns;
 }
 
+std::string_view firstColumns(std::string_view printable_text, std::size_t columns) {
+  std::size_t taken = 0;
+  for (std::size_t i = 0; i < printable_text.size(); ++i) {
+    if (!isContinuation(printable_text[i]) && taken++ == columns) return printable_text.substr(0, i);
+  }
+  return printable_text;
+}
+
 std::string fitted(std::string_view printable_text, std::size_t columns) {
   if (columnsOf(printable_text) <= columns) return std::string(printable_text);
   if (columns == 0) return {};
-  std::string result;
-  std::size_t taken = 0;
-  for (const char c : printable_text) {
-    if (!isContinuation(c) && ++taken == columns) break;
-    result += c;
-  }
-  return result + '~';
+  return std::string(firstColumns(printable_text, columns - 1)) + '~';
 }
 
 }  // namespace keocam::cli

@@ -19,6 +19,9 @@ std::string inQuotes(std::string_view text);
 /// The columns that a result of printable() takes.
 std::size_t columnsOf(std::string_view printable_text);
 
+/// The first `columns` columns of a result of printable(), or all of it.
+std::string_view firstColumns(std::string_view printable_text, std::size_t columns);
+
 /// The first `columns` columns of a result of printable(); text cut off is marked by a tilde in the last column.
 std::string fitted(std::string_view printable_text, std::size_t columns);
 

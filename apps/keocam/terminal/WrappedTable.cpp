@@ -1,6 +1,7 @@
 #include "apps/keocam/terminal/WrappedTable.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "apps/keocam/terminal/PrintableText.h"
 
@@ -8,8 +9,8 @@ namespace keocam::cli {
 namespace {
 
 constexpr std::size_t kWrappedGap = 2;
-// Narrower columns would have little more than one word to a line.
-constexpr std::size_t kLeastColumns = 20;
+// On a terminal too narrow for even that beside the other columns, lines are left to it to be broken.
+constexpr std::size_t kLeastColumns = 8;
 
 std::size_t columnsForLast(const TableRow& header, const std::vector<TableRow>& rows, std::size_t width) {
   if (width == kUnlimitedWidth) return width;
@@ -22,22 +23,30 @@ std::size_t columnsForLast(const TableRow& header, const std::vector<TableRow>& 
   return std::max(width > taken ? width - taken : 0, kLeastColumns);
 }
 
-// A word longer than a line stays whole.
-std::vector<std::string> linesOf(const std::string& text, std::size_t columns) {
-  std::vector<std::string> lines{""};
+// Appends `word`, a piece to a line where it is longer than one.
+void addLine(std::vector<std::string>& lines, std::string_view word, std::size_t columns) {
+  while (columnsOf(word) > columns) {
+    const std::string_view piece = firstColumns(word, columns);
+    lines.emplace_back(piece);
+    word.remove_prefix(piece.size());
+  }
+  lines.emplace_back(word);
+}
+
+std::vector<std::string> linesOf(std::string_view text, std::size_t columns) {
+  std::vector<std::string> lines;
   for (std::size_t start = 0; start < text.size();) {
     const std::size_t end = std::min(text.find(' ', start), text.size());
-    const std::string word = text.substr(start, end - start);
-    std::string& line = lines.back();
-    if (line.empty()) {
-      line = word;
-    } else if (columnsOf(line) + 1 + columnsOf(word) <= columns) {
-      line += ' ' + word;
+    const std::string_view word = text.substr(start, end - start);
+    if (!lines.empty() && columnsOf(lines.back()) + 1 + columnsOf(word) <= columns) {
+      lines.back() += ' ';
+      lines.back() += word;
     } else {
-      lines.push_back(word);
+      addLine(lines, word, columns);
     }
     start = end + 1;
   }
+  if (lines.empty()) lines.emplace_back();
   return lines;
 }
 
@@ -55,7 +64,7 @@ std::string wrappedTable(const TableRow& header, const std::vector<TableRow>& ro
       line.assign(row.size(), "");
     }
   }
-  return formatTable(header, lines, width);
+  return formatTable(header, lines, kUnlimitedWidth);
 }
 
 }  // namespace keocam::cli

@@ -9,7 +9,8 @@
 
 namespace keocam::cli {
 
-/// As formatTable(), but cells of the last column are broken at blanks instead of being cut.
+/// As formatTable(), but nothing is cut: cells of the last column are broken at blanks, and words that are longer than
+/// a line within. Where the other columns leave no room for it, lines are longer than `width`.
 std::string wrappedTable(const TableRow& header, const std::vector<TableRow>& rows, std::size_t width);
 
 }  // namespace keocam::cli
