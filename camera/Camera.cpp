@@ -9,6 +9,7 @@
 #include "PvDeviceGEV.h"
 #include "PvStreamGEV.h"
 #include "base/Log.h"
+#include "camera/FrameLimit.h"
 #include "camera/SystemClock.h"
 #include "serial/CameraSerialSettings.h"
 
@@ -19,14 +20,6 @@ constexpr unsigned int kPipelineBuffers = 2;
 
 // The device's first bulk port, by its number: its name is not part of the seam.
 constexpr auto kCorePort = static_cast<PvDeviceSerial>(2);
-
-// Serial numbers up to this one belong to cameras made before there were speed classes.
-constexpr int kLastNumberWithoutClass = 1702;
-
-bool isSlowClass(const std::string& serialNumber) {
-  const int number = std::stoi(serialNumber.substr(4, 7));
-  return serialNumber[3] == 'C' && number > kLastNumberWithoutClass;
-}
 
 // One log line: `before`, the camera's display identifier, `after`. An absent identifier puts the stream into its
 // failed state, in which nothing more is printed: applications that watch standard output rely on it.
@@ -64,7 +57,7 @@ int Camera::Connect() {
     return -1;
   }
 
-  if (isSlowClass(serialNumber)) {
+  if (keocam::isFrameRateLimited(serialNumber)) {
     limitFrameRate = true;
     lastFrameTime = keocam::systemClock_ms();
   }

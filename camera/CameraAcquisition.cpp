@@ -3,13 +3,13 @@
 
 #include "base/Log.h"
 #include "camera/Camera.h"
+#include "camera/FrameLimit.h"
 #include "camera/SystemClock.h"
 
 namespace {
 
 constexpr unsigned int kChannel = 0;
 constexpr unsigned int kRetrieveTimeout_ms = 1000;
-constexpr int64_t kSlowFramePeriod_ms = 100;
 
 void sleep_ms(int64_t milliseconds) {
   timespec wait{};
@@ -53,7 +53,7 @@ uint8_t* Camera::RetreiveBuffer() {
   if (limitFrameRate) {
     const int64_t now_ms = keocam::systemClock_ms();
     const auto elapsed_ms = static_cast<int32_t>(now_ms - lastFrameTime);
-    if (elapsed_ms < kSlowFramePeriod_ms) sleep_ms(kSlowFramePeriod_ms - elapsed_ms);
+    if (elapsed_ms < keocam::kSlowFramePeriod_ms) sleep_ms(keocam::kSlowFramePeriod_ms - elapsed_ms);
     // The time before the sleep on purpose: hand-outs are spaced from the previous reading of the clock.
     lastFrameTime = now_ms;
   }

@@ -19,8 +19,11 @@ constexpr const char* kIntroduction =
     "GigE Vision thermal cameras in software, for work without a camera.\n"
     "Prints \"ready\" on standard output once every camera answers, and runs until told to end.";
 constexpr const char* kFooter =
-    "Serial numbers above 1702 tell hosts the speed class by their fourth letter: C slow, D fast, E fast with\n"
-    "video standard 4. Without --serial slow models begin at KEOC2001 and all others at KEOD2001.\n"
+    "Hosts that have a calibration of version 3 or above for a camera take its speed\n"
+    "class from the fourth letter of a serial number above 1702: C slow, D fast,\n"
+    "E fast with video standard 4. Other hosts take it from the core's part number.\n"
+    "C limits the frames that an application gets to 10 a second, whatever else tells\n"
+    "the class. Without --serial slow models begin at KEOC2001, others at KEOD2001.\n"
     "\n"
     "Examples:\n"
     "  keocam-simulator                                one camera on 127.0.0.2\n"

@@ -73,6 +73,7 @@ ExitStatus runStreamCommand(const StreamOptions& options, const Console& console
   const StreamResult result = streamFrom(opened.camera(), options, console, stop);
   output.write(options.json ? streamJson(camera, result) : streamText(camera, result));
   warnOfUnknownFormat(console, result);
+  if (const std::string limit = libraryLimitText(camera, result.total); !limit.empty()) console.note(limit);
   const bool failed = result.end == StreamEnd::NoFrames || result.end == StreamEnd::CameraLost;
   if (picture && (result.total.frames > 0 || !failed)) writePicture(*picture, *options.picture_path, camera, result);
   if (failed) throw CommandFailure(ExitStatus::LinkLost, failureText(camera, result, options.limits.timeout_s));

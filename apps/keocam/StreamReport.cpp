@@ -5,6 +5,7 @@
 
 #include "apps/keocam/CameraChoice.h"
 #include "apps/keocam/Json.h"
+#include "apps/keocam/LibraryLimit.h"
 #include "apps/keocam/terminal/PrintableText.h"
 
 namespace keocam::cli {
@@ -121,6 +122,15 @@ std::string streamJson(const DeviceDetails& camera, const StreamResult& result) 
       {"raw_mean", ifAny(raw, toThousandths(total.raw.mean_counts()))},
       {"raw_max", ifAny(raw, total.raw.max_counts)},
   });
+}
+
+std::string libraryLimitText(const DeviceDetails& camera, const StreamPeriod& total) {
+  const std::optional<int> limit_hz = libraryLimitOf(camera.serial_number);
+  if (!limit_hz || total.frames_per_second.value_or(0.0) <= *limit_hz) return {};
+  return nameOf(camera) + " is of the slow class by its serial number: applications get at most " +
+         std::to_string(*limit_hz) +
+         " frames a second of it, because the library leaves the others out, however good the link is. Told here are "
+         "all that came.";
 }
 
 std::string failureText(const DeviceDetails& camera, const StreamResult& result, double timeout_s) {

@@ -20,4 +20,7 @@ std::string streamJson(const DeviceDetails& camera, const StreamResult& result);
 /// Why a stream that ended as NoFrames or CameraLost did so, and what to check.
 std::string failureText(const DeviceDetails& camera, const StreamResult& result, double timeout_s);
 
+/// That applications get fewer frames of a camera than came here, and why; empty if they do not.
+std::string libraryLimitText(const DeviceDetails& camera, const StreamPeriod& total);
+
 }  // namespace keocam::cli

@@ -79,7 +79,8 @@ const CoreModel* usualModel(ImageSize sensor);
 
 CoreIdentity identityOf(const CoreModel& model);
 
-/// The first serial number of a camera with this core. Its fourth letter tells hosts the speed class: C slow, D fast.
+/// The first serial number of a camera with this core. Its fourth letter tells hosts with a calibration the speed
+/// class: C slow, D fast.
 std::string usualSerial(const CoreModel& model);
 
 /// All models with their properties as a table of at most 80 columns, and as an array of JSON.

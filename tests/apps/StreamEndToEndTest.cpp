@@ -91,6 +91,16 @@ TEST(KeocamStream, FramesOfAnyCamera_Come) {
   }
 }
 
+TEST(KeocamStream, CameraOfTheSlowClass_LosesNothingAndItsLimitIsTold) {
+  const Simulator simulator({"--serial", "KEOC2001", "--size", "160x128"});
+  const Ended stream = keocam({"stream", "--frames", "30", "--json"});
+  ASSERT_EQ(stream.status, 0) << stream.error;
+  const auto totals = nlohmann::json::parse(stream.output);
+  EXPECT_EQ(totals["frames_lost"], 0);
+  EXPECT_GT(totals["frames_per_second"], 20.0);
+  EXPECT_TRUE(contains(stream.error, "applications get at most 10 frames a second")) << stream.error;
+}
+
 TEST(KeocamStream, ReaderOfMessagesThatGoesAway_EndsTheStream) {
   const Simulator simulator({"--size", "160x128"});
   ChildProcess stream(keocamWith({"stream", "--json"}));

@@ -94,6 +94,20 @@ TEST(StreamReport, Text_WithoutFrames_HasDashes) {
   EXPECT_NE(text.find("Raw             -\n"), std::string::npos) << text;
 }
 
+TEST(StreamReport, LimitOfTheSlowClass_IsToldWhereItMatters) {
+  DeviceDetails slow = camera();
+  slow.serial_number = "KEOC2001";
+  StreamPeriod total = hundredFrames().total;
+  const std::string text = libraryLimitText(slow, total);
+  EXPECT_NE(text.find("KEOC2001 at 192.0.2.11 is of the slow class"), std::string::npos) << text;
+  EXPECT_NE(text.find("at most 10 frames a second"), std::string::npos) << text;
+  EXPECT_EQ(libraryLimitText(camera(), total), "");
+  total.frames_per_second = 9.0;
+  EXPECT_EQ(libraryLimitText(slow, total), "");
+  total.frames_per_second.reset();
+  EXPECT_EQ(libraryLimitText(slow, total), "");
+}
+
 TEST(StreamReport, Failure_TellsSilenceFromLossAndFromBrokenFrames) {
   StreamResult result;
   result.end = StreamEnd::NoFrames;

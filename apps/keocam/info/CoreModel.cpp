@@ -14,7 +14,8 @@ std::optional<CoreModel> coreModelOf(const std::string& part_number) {
     known = alternative->fast ? row.fast : row.slow;
   }
   const ResolutionRow& row = *resolutionOf(known);
-  return CoreModel{"KEO_" + std::to_string(row.width), row.width, row.height, isFast(known), isRadiometric(known)};
+  return CoreModel{"KEO_" + std::to_string(row.width), row.width, row.height, isFast(known),
+                   keocam::isRadiometric(known)};
 }
 
 }  // namespace keocam::cli

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "apps/keocam/LibraryLimit.h"
 #include "apps/keocam/core/CoreFields.h"
 #include "apps/keocam/core/RadiometrySettings.h"
 #include "apps/keocam/info/CoreModel.h"
@@ -10,12 +11,15 @@
 namespace keocam::cli {
 namespace {
 
-InfoEntry speedEntry(const CoreModel& model, const std::optional<LensReadings>& lens) {
+InfoEntry speedEntry(const CoreModel& model, const CameraReadings& readings) {
   constexpr const char* kNames[] = {"slow", "fast", "fastest"};
-  const std::optional<int> by_serial = lens ? lens->speed : std::nullopt;
+  const std::optional<int> by_serial = readings.lens ? readings.lens->speed : std::nullopt;
   const char* const name = kNames[std::clamp(by_serial.value_or(model.fast ? 1 : 0), 0, 2)];
-  return knownEntry("Speed class", "speed_class",
-                    std::string(name) + (by_serial ? ", by the serial number" : ", by the part number"), name);
+  std::string text = std::string(name) + (by_serial ? ", by the serial number" : ", by the part number");
+  if (const std::optional<int> limit_hz = libraryLimitOf(readings.camera.serial_number)) {
+    text += "; applications get at most " + std::to_string(*limit_hz) + " frames a second, by the serial number";
+  }
+  return knownEntry("Speed class", "speed_class", text, name);
 }
 
 std::string whyPartNumberIsUnread(const CameraReadings& readings) {
@@ -40,7 +44,7 @@ std::vector<InfoEntry> modelEntries(const CameraReadings& readings) {
   return {knownEntry("Model", "model", model->name, model->name),
           knownEntry("Resolution", "resolution", std::to_string(model->width) + " x " + std::to_string(model->height),
                      {model->width, model->height}),
-          speedEntry(*model, readings.lens),
+          speedEntry(*model, readings),
           knownEntry("Radiometric", "radiometric", model->radiometric ? "yes" : "no", model->radiometric)};
 }
 

@@ -1,6 +1,7 @@
 // All that is known of a camera, as a table and as JSON.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
@@ -11,6 +12,7 @@
 #include "apps/keocam/info/InfoReport.h"
 #include "apps/keocam/info/InfoSections.h"
 #include "apps/keocam/terminal/PrintableText.h"
+#include "apps/keocam/terminal/Table.h"
 
 namespace keocam::cli {
 namespace {
@@ -92,6 +94,44 @@ TEST(CameraInfo, SpeedClass_GoesByTheSerialNumberWhereThatTells) {
   readings.lens->speed = 2;
   EXPECT_NE(textOf(readings).find("fastest, by the serial number"), std::string::npos);
   EXPECT_EQ(jsonOf(readings)["core"]["speed_class"], "fastest");
+}
+
+TEST(CameraInfo, SerialNumberOfTheSlowClass_LimitsApplicationsWhateverTheClass) {
+  CameraReadings readings = complete();
+  EXPECT_EQ(textOf(readings).find("frames a second"), std::string::npos);
+  readings.camera.serial_number = "KEOC2001";
+  EXPECT_NE(textOf(readings).find("fast, by the part number; applications get at most 10"), std::string::npos)
+      << textOf(readings);
+  EXPECT_EQ(jsonOf(readings)["core"]["speed_class"], "fast");
+  expectToFit(textOf(readings));
+  for (const char* const other : {"KEOC1702", "KEOE2001", "AB1", "KEOCxyz", ""}) {
+    readings.camera.serial_number = other;
+    EXPECT_EQ(textOf(readings).find("frames a second"), std::string::npos) << other;
+  }
+}
+
+// All letters of the values, without blanks and line breaks.
+std::string lettersOfValues(const std::string& text) {
+  constexpr std::size_t kValues = 27;
+  std::string letters;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    for (std::size_t i = std::min(kValues, line.size()); i < line.size(); ++i) {
+      if (line[i] != ' ') letters += line[i];
+    }
+  }
+  return letters;
+}
+
+TEST(CameraInfo, NarrowTerminal_LosesNoLetter) {
+  CameraReadings readings = complete();
+  readings.lens.reset();
+  readings.no_lens = "no folder of calibrations is named";
+  constexpr std::size_t kNarrow = 40;
+  const std::string narrow = infoText(infoSections(readings), kNarrow);
+  EXPECT_EQ(lettersOfValues(narrow), lettersOfValues(infoText(infoSections(readings), kUnlimitedWidth))) << narrow;
+  std::istringstream lines(narrow);
+  for (std::string line; std::getline(lines, line);) EXPECT_LE(columnsOf(line), kNarrow) << line;
 }
 
 TEST(CameraInfo, UnreadCore_IsNamedWithTheReasonAndTheRestIsTold) {
