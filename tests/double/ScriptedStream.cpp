@@ -93,7 +93,7 @@ PvResult PvPipeline::SetBufferSize(unsigned int size) {
 }
 
 PvResult PvPipeline::Start() {
-  const PvResult result = called("PvPipeline::Start");
+  PvResult result = called("PvPipeline::Start");
   state_->started = result.IsOK();
   return result;
 }

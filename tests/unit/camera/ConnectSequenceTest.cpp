@@ -1,4 +1,6 @@
 // The whole sequence of a connection, and what is in force after it.
+#include <algorithm>
+
 #include "tests/unit/camera/WholeConnect.h"
 
 namespace {

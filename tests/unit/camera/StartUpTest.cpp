@@ -243,7 +243,8 @@ TEST_F(StartUpTest, SetDefault_AlternativeForm_TellsTheCoresTextAndUsesTheOther)
   answering_.part_number = "50000081H-FRNLS";
   core_.SetDebugMessages(true);
   EXPECT_EQ(core_.SetDefault(), 0);
-  EXPECT_THAT(log().of({"out"}), Contains(startUpLine("Camera part number: 50000081H-FRNLS")));
+  EXPECT_THAT(log().of({"out: CameraSerialSettings::SetDefault(): Camera part number"}),
+              ElementsAre(startUpLine("Camera part number: 50000081H-FRNLS")));
   EXPECT_THAT(log().of({"out"}), Contains(startUpLine("Resolution: 640x512")));
   EXPECT_EQ(core_.GetPartNumber(), "46640019H-SPNLX");
   EXPECT_FALSE(core_.GetIsRadiometric());
