@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "simulator/HelpFormatter.h"
 #include "simulator/SensorSizes.h"
 #include "simulator/calibration/CalibrationFolder.h"
 #include "simulator/calibration/CalibrationText.h"
@@ -17,11 +18,12 @@ constexpr int kFailure = 1;
 constexpr int kUsageError = 2;
 
 constexpr const char* kIntroduction =
-    "Makes up calibration data for a camera: FOLDER/SERIAL/ with calibration.txt and manifest.txt.";
+    "Makes up calibration data for a camera: FOLDER/SERIAL/ with calibration.txt\n"
+    "and manifest.txt.";
 constexpr const char* kFooter =
     "Examples:\n"
     "  keocam-simulator calibration --folder calibrations\n"
-    "  keocam-simulator calibration --folder calibrations --serial KEOD2002 --lenses 6 --with-1500 2\n"
+    "  keocam-simulator calibration --folder data --lenses 6 --with-1500 2\n"
     "\n"
     "Exit: 0 written, 1 exists already or cannot be written, 2 wrong options.";
 
@@ -35,6 +37,7 @@ struct Arguments {
 };
 
 void declare(CLI::App& app, Arguments& arguments) {
+  app.formatter(std::make_shared<HelpFormatter>());
   app.footer(kFooter);
   app.add_option("--folder", arguments.folder, "The calibration folder; made where there is none")
       ->required()

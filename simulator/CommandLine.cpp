@@ -6,6 +6,7 @@
 
 #include "simulator/CameraArguments.h"
 #include "simulator/CoreArguments.h"
+#include "simulator/HelpFormatter.h"
 #include "simulator/ModelArguments.h"
 #include "simulator/SceneArguments.h"
 #include "simulator/scene/SceneText.h"
@@ -17,26 +18,33 @@ constexpr int kUsageError = 2;
 
 constexpr const char* kIntroduction =
     "GigE Vision thermal cameras in software, for work without a camera.\n"
-    "Prints \"ready\" on standard output once every camera answers, and runs until told to end.";
+    "Prints \"ready\" on standard output once every camera answers, and runs until\n"
+    "told to end.";
 constexpr const char* kFooter =
+    "The thermal core's faults hold for FRAMES answers, for good where that is 0 or\n"
+    "left out, and begin AFTER so many.\n"
+    "\n"
     "Hosts that have a calibration of version 3 or above for a camera take its speed\n"
     "class from the fourth letter of a serial number above 1702: C slow, D fast,\n"
     "E fast with video standard 4. Other hosts take it from the core's part number.\n"
-    "C limits the frames that an application gets to 10 a second, whatever else tells\n"
-    "the class. Without --serial slow models begin at KEOC2001, others at KEOD2001.\n"
+    "C limits the frames that an application gets to 10 a second, whatever else\n"
+    "tells the class. Without --serial slow models begin at KEOC2001, others at\n"
+    "KEOD2001.\n"
     "\n"
     "Examples:\n"
-    "  keocam-simulator                                one camera on 127.0.0.2\n"
-    "  keocam-simulator --cameras 3 --size 336x256     127.0.0.2, 127.0.0.3 and 127.0.0.4\n"
-    "  keocam-simulator --model 324-slow               a core of 320x256 pixels and 9 pictures a second\n"
-    "  keocam-simulator --interface eth0 --fps 60      a camera for other hosts of that network\n"
-    "  keocam-simulator --loss 10 --late 5 20          1 % of packets lost, 0.5 % come 20 ms late\n"
-    "  keocam-simulator --core-no-answer 1000 3        the thermal core does not answer its first 3 requests\n"
-    "  keocam-simulator --core-flash core.bin          the core keeps its lens tables from run to run\n"
-    "  keocam-simulator --scene hot-spot:high=120      a hot spot of 120 degrees Celsius\n"
-    "  keocam-simulator calibration --help             makes calibration data for a camera\n"
+    "  keocam-simulator                            one camera, on 127.0.0.2\n"
+    "  keocam-simulator --cameras 3                127.0.0.2, 127.0.0.3 and .4\n"
+    "  keocam-simulator --model 324-slow           320x256, 9 pictures a second\n"
+    "  keocam-simulator --interface eth0 --fps 60  for other hosts there\n"
+    "  keocam-simulator --loss 10 --late 5 20      1 % lost, 0.5 % 20 ms late\n"
+    "  keocam-simulator --core-no-answer 1000 3    no answer to 3 requests\n"
+    "  keocam-simulator --core-flash core.bin      keeps the lens tables\n"
+    "  keocam-simulator --scene hot-spot:high=120  a spot of 120 degrees Celsius\n"
+    "  keocam-simulator calibration --help         makes calibration data\n"
     "\n"
-    "While it runs it takes commands on standard input, one a line; \"help\" lists them.\n"
+    "While it runs it takes commands on standard input, one a line; \"help\" lists\n"
+    "them.\n"
+    "\n"
     "Exit: 0 ended as asked, 1 an address cannot be used, 2 wrong options.";
 
 /// A fault's numbers as they come from the command line.
@@ -71,6 +79,7 @@ void applyFaults(const KnobValues& values, FaultSettings& faults) {
 
 std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* argv) {
   CLI::App app(kIntroduction, "keocam-simulator");
+  app.formatter(std::make_shared<HelpFormatter>());
   app.footer(sceneHelpText() + '\n' + kFooter);
   ProgramOptions program;
   FaultSettings faults;

@@ -8,13 +8,10 @@ namespace simulator {
 
 CoreArguments::CoreArguments(CLI::App& app) {
   constexpr const char* kGroup = "Thermal core";
-  constexpr const char* kFaultGroup =
-      "Faults of the thermal core; FRAMES: so many answers only, 0 for good; AFTER: so many answers later";
+  constexpr const char* kFaultGroup = "Faults of the thermal core";
   auto* model = app.get_option("--model");
-  auto* none = app.add_flag("--no-core", none_, "Nothing at the other end of the serial port")
-                   ->option_text(" ")
-                   ->group(kGroup)
-                   ->excludes(model);
+  auto* none =
+      app.add_flag("--no-core", none_, "Nothing at the other end of the serial port")->group(kGroup)->excludes(model);
   app.add_option("--core-part-number", part_number_, "Letter 12 is R or I where it is radiometric [by the size]")
       ->option_text("TEXT")
       ->group(kGroup)

@@ -25,7 +25,7 @@ ModelArguments::ModelArguments(CLI::App& app) {
   auto* list = app.add_flag("--list-models", list_,
                             "List the models with sensor, pictures a second and video standards, and end")
                    ->group(kGroup);
-  app.add_flag("--json", json_, "With --list-models: as JSON")->option_text(" ")->group(kGroup)->needs(list);
+  app.add_flag("--json", json_, "With --list-models: as JSON")->group(kGroup)->needs(list);
 }
 
 uint32_t ModelArguments::count() const { return std::max(1U, static_cast<uint32_t>(ids_.size())); }

@@ -5,6 +5,7 @@
 #include <iomanip>
 #include <sstream>
 
+#include "apps/keocam/HelpFormatter.h"
 #include "apps/keocam/VerbGroups.h"
 #include "apps/keocam/Verbs.h"
 #include "apps/keocam/calibration/CalibrationVerbs.h"
@@ -90,7 +91,7 @@ void addStream(CLI::App& app, Command& chosen) {
   command->add_option("-d,--duration", limits.duration_s, "Stop after S seconds")
       ->type_name("S")
       ->check(secondsFrom(0.001));
-  command->add_option("-t,--timeout", limits.timeout_s, "Give up after S seconds without a frame; 5 if not given")
+  command->add_option("-t,--timeout", limits.timeout_s, "Give up after S seconds without a frame [5]")
       ->type_name("S")
       ->check(secondsFrom(1.0));
   command->add_option("-p,--picture", options.picture_path, "Write the last frame as a PNG with a scale bar")
@@ -151,6 +152,8 @@ std::variant<Invocation, Answer> parseCommandLine(const std::vector<std::string>
   app.add_flag("-q,--quiet", quiet, "No messages but errors");
   app.add_flag("-v,--verbose", verbose, "More messages, the library's among them");
   app.require_subcommand(1);
+  // Verbs take it over, so it comes before them.
+  app.formatter(std::make_shared<HelpFormatter>());
   app.get_formatter()->label("SUBCOMMAND", "VERB");
   app.footer(footer());
   addList(app, invocation.command);

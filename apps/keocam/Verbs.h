@@ -44,7 +44,7 @@ inline void addCameraOption(CLI::App& app, std::optional<std::string>& serial_nu
 }
 
 inline void addCalibrationsOption(CLI::App& app, std::string& folder) {
-  app.add_option("--calibrations", folder, "Folder of calibrations, an entry per camera")
+  app.add_option("--calibrations", folder, "Folder of calibrations [that of KEOCAM_DATA_DIR]")
       ->type_name("DIR")
       ->envname("KEOCAM_DATA_DIR");
 }

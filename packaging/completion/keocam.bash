@@ -10,10 +10,13 @@ _keocam_options_in() { awk '/^  -/ { count = split($1, names, ","); for (i = 1; 
 # "FILE  What to write" of the option named; nothing of one that takes no argument.
 _keocam_argument_in() {
   awk -v option="$1" '
-    /^  -/ && match($0, /^  [^ ]+ [^ ]/) && $2 !~ /^(Excludes|Needs|\(Env)/ {
+    text && sub(/^             +/, " ") { text = text $0; next }
+    text { exit }
+    /^  -/ && match($0, /^  [^ ]+ [^ ]/) {
       count = split($1, names, ",")
-      for (i = 1; i <= count; ++i) if (names[i] == option) print substr($0, RLENGTH)
-    }'
+      for (i = 1; i <= count; ++i) if (names[i] == option) text = substr($0, RLENGTH)
+    }
+    END { if (text) print text }'
 }
 
 # The same of the first argument that is no option.
@@ -31,6 +34,8 @@ _keocam_settings_in() {
 }
 
 _keocam_scenes_in() { awk '/^Scenes/ { on = 1; next } /^$/ { on = 0 } on && /^  [^ ]/ && !/^  in / { print $1 }'; }
+
+_keocam_models_in() { awk 'NR > 1 { print $1 }'; }
 
 # The choices that an explanation tells: "Which one: a, b or c; else d". None if it is about something else.
 _keocam_choices() {
@@ -58,6 +63,7 @@ _keocam_complete_argument() {
       compopt -o nospace 2>/dev/null
       _keocam_reply -W "$(_keocam_scenes_in <<<"$help")"
       ;;
+    MODEL) _keocam_reply -W "$("$program" "${path[@]}" --list-models 2>/dev/null | _keocam_models_in)" ;;
     *\|*) _keocam_reply -W "${name//|/ }" ;;
     *) _keocam_reply -W "$(_keocam_choices "$explanation")" ;;
   esac

@@ -11,8 +11,8 @@
 namespace simulator {
 namespace {
 
-constexpr int kNameColumn = 14;
-constexpr int kBoundsColumn = 24;
+constexpr int kNameColumn = 12;
+constexpr int kBoundsColumn = 19;
 
 template <typename Rows, typename Wanted>
 std::string namesOf(const Rows& rows, Wanted wanted) {

@@ -51,6 +51,9 @@ offers "simulator calibration --gr" --grammar
 offers "simulator --uart-pacing ''" on off
 offers "simulator --scene hot" hot-spot
 offers "simulator --size 64" 640x512
+offers "simulator --size 16" 160x128
+offers "simulator --model 324-" 324-fast 324-slow
+offers "keocam simulate --model 324-f" 324-fast
 offers "simulator --core-calibration ../install/"
 
 # Whatever verbs there are, all are offered, and for each its options.

@@ -41,6 +41,10 @@ if grep -rIlF "$build" "$prefix/$libdir" "$prefix/share"; then fail "an installe
 for page in "$prefix"/share/man/man1/*.gz; do
   warnings=$(gzip -dc "$page" | groff -k -K utf8 -man -Tutf8 -ww -z 2>&1) || fail "$page cannot be shown: $warnings"
   [ -z "$warnings" ] || fail "$page: $warnings"
+  shown=$(gzip -dc "$page" | groff -k -K utf8 -man -Tutf8 -rLL=80n -P-cbou)
+  if LC_ALL=C.UTF-8 grep -E '^.{81,}' <<<"$shown"; then fail "$page has lines of more than 80 columns"; fi
+  # What the parser of options adds by itself, and words broken at a hyphen that is not theirs.
+  if grep -E 'Needs:|Excludes:|\(Env:|[[:alpha:]]‐$' <<<"$shown"; then fail "$page shows what it should not"; fi
 done
 
 # A section for each verb, with its options.

@@ -13,7 +13,7 @@
 namespace keocam::cli {
 namespace {
 
-constexpr std::size_t kHelpColumns = 80;
+constexpr std::size_t kHelpColumns = 74;
 
 std::vector<std::string> namesLike(const std::string& text) {
   std::vector<std::string> all;

@@ -49,7 +49,7 @@ const SnapshotFormat& formatOf(const std::string& path) {
 }
 
 std::string snapshotFormats() {
-  constexpr std::size_t kHelpColumns = 80;
+  constexpr std::size_t kHelpColumns = 74;
   std::vector<TableRow> rows;
   for (const SnapshotFormat& format : kFormats) rows.push_back({"", extensionsText(format), format.meaning});
   return wrappedTable({"", "FILE", "HOLDS"}, rows, kHelpColumns);

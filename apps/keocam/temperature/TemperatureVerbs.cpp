@@ -14,7 +14,7 @@ constexpr Verb kSnapshot{"snapshot", "One frame as a file: temperatures or a pic
                          "keocam snapshot pump.tiff --emissivity 0.9"};
 
 constexpr Verb kRange{kRangeVerb, "The temperature range that the core measures in", "keocam range set middle"};
-constexpr Verb kShow{"show", "The range by the core's gain: \"low\", or \"middle or high\"", "keocam range show"};
+constexpr Verb kShow{"show", "The range, as far as the core's gain tells it", "keocam range show"};
 constexpr Verb kSet{"set", "Change the range; takes some seconds", "keocam range set high --calibrations calibrations"};
 
 constexpr const char* kSetNotes =
@@ -29,8 +29,8 @@ constexpr const char* kMeasureNotes =
     "  polygon:X1,Y1,X2,Y2,X3,Y3,...\n\n";
 
 constexpr const char* kObjectNotes =
-    "Object parameters hold for this run; without them the core's are used, of a core\n"
-    "that has none 0.95, 20 °C, 20 °C, 1 m, 50%. Nothing changes on the core.\n\n";
+    "Object parameters hold for this run; without them the core's are used, of a\n"
+    "core that has none 0.95, 20 °C, 20 °C, 1 m, 50%. Nothing changes on the core.\n\n";
 
 // The library's own checks let "nan" pass.
 CLI::Validator numberFrom(double lowest, double highest) {
@@ -51,7 +51,7 @@ CLI::Validator rangeNamed() {
 
 void addLensOptions(CLI::App& app, std::string& calibrations, std::optional<std::string>& lens) {
   addCalibrationsOption(app, calibrations);
-  app.add_option("--lens", lens, "The lens; else the one whose tables the core holds")->type_name("NAME");
+  app.add_option("--lens", lens, "The lens; else the one whose tables the core has")->type_name("NAME");
 }
 
 void addThermometerOptions(CLI::App& app, ThermometerOptions& options) {
@@ -60,7 +60,7 @@ void addThermometerOptions(CLI::App& app, ThermometerOptions& options) {
   app.add_option("--range", options.range, "low, middle or high; else by the core's gain")
       ->type_name("RANGE")
       ->check(rangeNamed());
-  app.add_option("--unit", options.unit, "C, K or F; C if not given")->type_name("UNIT");
+  app.add_option("--unit", options.unit, "C, K or F [C]")->type_name("UNIT");
   ObjectArguments& object = options.object;
   app.add_option("--emissivity", object.emissivity, "Of the object, 0.01 to 1")->type_name("E");
   app.add_option("--reflected", object.reflected, "Temperature of what the object reflects")->type_name("T");
@@ -82,16 +82,16 @@ void addMeasure(CLI::App& app, Command& chosen) {
       ->type_name("N")
       ->check(CLI::Range(1, 1000).description(""));
   CLI::Option* const watch = command->add_flag("-w,--watch", options.watch, "Measure again and again, until Ctrl-C");
-  command->add_option("-i,--interval", options.interval_s, "Seconds from one to the next; 1 if not given")
+  command->add_option("-i,--interval", options.interval_s, "With --watch: seconds from one to the next [1]")
       ->type_name("S")
       ->needs(watch)
       ->check(numberFrom(0.0, 86'400.0));
-  command->add_option("-n,--count", options.count, "Stop after N measurements")
+  command->add_option("-n,--count", options.count, "With --watch: stop after N measurements")
       ->type_name("N")
       ->needs(watch)
       ->check(CLI::Range(uint64_t{1}, uint64_t{1} << 48U, "").description(""));
   CLI::Option* const json = command->add_flag("--json", options.json, "Print an object on a line");
-  command->add_flag("--csv", options.csv, "Print comma-separated values")->excludes(json);
+  command->add_flag("--csv", options.csv, "Print comma-separated values; not with --json")->excludes(json);
 }
 
 void addSnapshot(CLI::App& app, Command& chosen) {
