@@ -44,11 +44,17 @@ CameraArguments::CameraArguments(CLI::App& app) {
 uint32_t CameraArguments::count(const ModelArguments& models) const { return count_.value_or(models.count()); }
 
 std::string CameraArguments::serialOf(uint32_t index, const CoreModel* model) const {
+  std::string serial;
   try {
-    return nextSerial(serial_.value_or(model == nullptr ? usual_.serial : usualSerial(*model)), index);
+    serial = nextSerial(serial_.value_or(model == nullptr ? usual_.serial : usualSerial(*model)), index);
   } catch (const std::invalid_argument& error) {
     throw CLI::ValidationError("--serial", error.what());
   }
+  if (serial.empty() || serial.size() > kLongestName) {
+    throw CLI::ValidationError("--serial", "'" + serial + "' does not serve as a serial number: it needs 1 to " +
+                                               std::to_string(kLongestName) + " characters");
+  }
+  return serial;
 }
 
 double CameraArguments::rateWith(const std::optional<CoreIdentity>& core) const {

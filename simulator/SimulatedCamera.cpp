@@ -15,8 +15,6 @@
 namespace simulator {
 namespace {
 
-constexpr std::size_t kLongestName = 15;
-
 std::string modelOf(const CameraOptions& options) { return "KEOsim-" + std::to_string(options.sensor.width); }
 
 SceneSettings sceneOf(const CameraOptions& options) {

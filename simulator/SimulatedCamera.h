@@ -2,6 +2,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -15,6 +16,9 @@
 namespace simulator {
 
 class ThermalCore;
+
+/// Of serial number and user ID.
+constexpr std::size_t kLongestName = 15;
 
 struct CameraOptions {
   std::string address = "127.0.0.2";  ///< a local IPv4 address of this machine; all of 127.0.0.0/8 is

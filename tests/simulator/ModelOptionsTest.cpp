@@ -89,6 +89,9 @@ TEST(ModelOptions, Mistakes_AreUsageErrorsThatNameThem) {
       {{"--model", "640-fast", "--model", "alt-81-slow", "--fps", "30"}, "46000081H-XPNLS makes at most 9 frames"},
       {{"--core-part-number", "46640019H-SPNLX", "--fps", "30"}, "makes at most 9 frames"},
       {{"--json"}, "--list-models"},
+      {{"--serial", ""}, "--serial: '' does not serve as a serial number: it needs 1 to 15 characters"},
+      {{"--serial", "KEOD200120012001"}, "--serial: 'KEOD200120012001' does not serve"},
+      {{"--serial", "KEODABC99999999", "--cameras", "2"}, "--serial: 'KEODABC100000000'"},
   };
   for (const Mistake& mistake : mistakes) {
     CaptureStderr();
