@@ -7,12 +7,15 @@
 #include "apps/keocam/core/CoreSession.h"
 #include "apps/keocam/core/RadiometrySettings.h"
 #include "apps/keocam/info/CameraReadings.h"
+#include "apps/keocam/info/CoreModel.h"
 #include "apps/keocam/info/InfoReport.h"
 #include "apps/keocam/info/InfoSections.h"
 #include "apps/keocam/lens/HeldTables.h"
 #include "apps/keocam/lens/LensReport.h"
+#include "apps/keocam/terminal/PrintableText.h"
 #include "apps/keocam/terminal/Table.h"
 #include "calibration/Calibration.h"
+#include "serial/PartNumber.h"
 
 namespace keocam::cli {
 namespace {
@@ -127,12 +130,23 @@ class Reader {
   std::optional<CommandFailure> failure_;
 };
 
+void warnOfShortPartNumber(const CameraReadings& readings, const Console& console) {
+  if (!readings.core || !readings.core->part_number.ok()) return;
+  const std::string part_number = partNumberIn(readings.core->part_number.value);
+  if (!isTooShort(part_number)) return;
+  console.warning("The core's part number " + inQuotes(part_number) +
+                  " is too short to be known, and applications cannot start this core. Frames, measurements and "
+                  "settings by keocam work all the same.");
+}
+
 }  // namespace
 
 ExitStatus runCameraInfo(const CameraInfoOptions& options, const Console& console, DataOutput& output) {
   Reader reader(options, console);
-  const std::vector<InfoSection> sections = infoSections(reader.read());
+  const CameraReadings readings = reader.read();
+  const std::vector<InfoSection> sections = infoSections(readings);
   output.write(options.json ? infoJson(sections) : infoText(sections, widthOfOutput()));
+  warnOfShortPartNumber(readings, console);
   if (reader.failure()) throw CommandFailure(*reader.failure());
   return ExitStatus::Ok;
 }

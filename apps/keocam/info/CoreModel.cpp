@@ -4,9 +4,11 @@
 
 namespace keocam::cli {
 
+bool isTooShort(const std::string& part_number) { return partNumberIn(part_number).size() <= kRadiometryLetter; }
+
 std::optional<CoreModel> coreModelOf(const std::string& part_number) {
   std::string known = partNumberIn(part_number);
-  if (known.size() <= kRadiometryLetter) return std::nullopt;
+  if (isTooShort(known)) return std::nullopt;
   if (resolutionOf(known) == nullptr) {
     const std::optional<KnownModel> alternative = knownModelOf(known);
     if (!alternative) return std::nullopt;

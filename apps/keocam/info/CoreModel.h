@@ -14,7 +14,10 @@ struct CoreModel {
   bool radiometric = false;
 };
 
-/// Nothing for a part number that is not known. `part_number` as the core tells it.
+/// Whether a part number, as the core tells it, lacks letters that would tell something.
+bool isTooShort(const std::string& part_number);
+
+/// Nothing for a part number that is not known, or too short. `part_number` as the core tells it.
 std::optional<CoreModel> coreModelOf(const std::string& part_number);
 
 }  // namespace keocam::cli

@@ -35,10 +35,12 @@ std::vector<InfoEntry> modelEntries(const CameraReadings& readings) {
       entries.push_back(notReadEntry(label, key, whyPartNumberIsUnread(readings)));
     return entries;
   }
-  const std::optional<CoreModel> model = coreModelOf(readings.core->part_number.value);
+  const std::string& part_number = readings.core->part_number.value;
+  const std::optional<CoreModel> model = coreModelOf(part_number);
   if (!model) {
-    for (const auto& [label, key] : kFields)
-      entries.push_back(lackingEntry(label, key, "the part number is not known"));
+    const char* const reason =
+        isTooShort(part_number) ? "the part number is too short to be known" : "the part number is not known";
+    for (const auto& [label, key] : kFields) entries.push_back(lackingEntry(label, key, reason));
     return entries;
   }
   return {knownEntry("Model", "model", model->name, model->name),

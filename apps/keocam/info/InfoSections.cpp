@@ -49,7 +49,9 @@ InfoSection linkSection(const CameraReadings& readings) {
                                             : notReadEntry(label, key, readings.no_link));
   };
   constexpr const char* kNotTold = "the camera does not tell";
-  add("Packet size", "packet_size_bytes", &LinkDetails::packet_size_bytes, " bytes", kNotTold);
+  // What the camera starts from; its host negotiates the size that it streams with.
+  add("Packet size", "packet_size_before_negotiation_bytes", &LinkDetails::packet_size_bytes,
+      " bytes, before a stream negotiates it", kNotTold);
   add("Link speed", "link_speed_mbit_s", &LinkDetails::link_speed_mbit_s, " Mbit/s", kNotTold);
   add("Interface's MTU", "interface_mtu_bytes", &LinkDetails::interface_mtu_bytes, " bytes",
       "the system does not tell");

@@ -59,7 +59,7 @@ TEST(CameraInfo, Json_HasEverything) {
   EXPECT_EQ(object["camera"]["manufacturer"], "KEO");
   EXPECT_EQ(object["camera"]["mac_address"], "02:00:00:00:00:01");
   EXPECT_EQ(object["link"], (json{{"access", "free"},
-                                  {"packet_size_bytes", 1500},
+                                  {"packet_size_before_negotiation_bytes", 1500},
                                   {"link_speed_mbit_s", 1000},
                                   {"interface_mtu_bytes", 9000}}));
   EXPECT_EQ(object["core"]["part_number"], "46336001H-FRNLX");
@@ -144,7 +144,7 @@ TEST(CameraInfo, UnreadCore_IsNamedWithTheReasonAndTheRestIsTold) {
   readings.lens->held_not_read = true;
   const json object = jsonOf(readings);
   EXPECT_EQ(object["camera"]["serial_number"], "KEOD2001");
-  EXPECT_EQ(object["link"]["packet_size_bytes"], 1500);
+  EXPECT_EQ(object["link"]["packet_size_before_negotiation_bytes"], 1500);
   EXPECT_EQ(object["lenses"]["calibrated"].size(), 2U);
   for (const char* const key : {"core.part_number", "core.model", "core.resolution", "core.speed_class",
                                 "core.radiometric", "core.gain", "radiometry.emissivity", "lenses.held"}) {
@@ -204,7 +204,7 @@ TEST(CameraInfo, UnconnectedCamera_HasNoLinkFigures) {
   readings.no_link = "it is another's";
   const json object = jsonOf(readings);
   EXPECT_EQ(object["link"]["access"], "in_use");
-  EXPECT_EQ(object["errors"]["link.packet_size_bytes"], "it is another's");
+  EXPECT_EQ(object["errors"]["link.packet_size_before_negotiation_bytes"], "it is another's");
 }
 
 TEST(CameraInfo, SilentCamera_HasUnknownAccess) {

@@ -50,7 +50,7 @@ TEST(KeocamInfo, OfACamera_TellsWhatItIs) {
   EXPECT_EQ(object["camera"]["serial_number"], "KEOD2001");
   EXPECT_EQ(object["camera"]["address"], "127.0.0.2");
   EXPECT_EQ(object["link"]["access"], "free");
-  EXPECT_EQ(object["link"]["packet_size_bytes"], 1500);
+  EXPECT_EQ(object["link"]["packet_size_before_negotiation_bytes"], 1500);
   EXPECT_EQ(object["link"]["link_speed_mbit_s"], 1000);
   EXPECT_EQ(object["core"]["core_serial_number"], identity.core_serial);
   EXPECT_EQ(object["lenses"]["calibrated"].size(), 3U);
@@ -79,7 +79,7 @@ TEST(KeocamInfo, SilentCore_LeavesTheCameraToBeTold) {
   EXPECT_TRUE(contains(info.error, "The thermal core of KEOD2001")) << info.error;
   json object = parsed(info);
   EXPECT_EQ(object["camera"]["model"], "KEOsim-640");
-  EXPECT_EQ(object["link"]["packet_size_bytes"], 1500);
+  EXPECT_EQ(object["link"]["packet_size_before_negotiation_bytes"], 1500);
   EXPECT_TRUE(object["core"]["part_number"].is_null());
   EXPECT_EQ(object["errors"]["core.part_number"], "the core does not answer, or is not ready");
   EXPECT_EQ(object["errors"]["core.model"], "the core does not answer, or is not ready");
@@ -116,6 +116,19 @@ TEST(KeocamInfo, CoreThatRefusesFromSomePointOn_IsToldUpToThere) {
   EXPECT_EQ(object["core"].count("speed_class"), 1U);
   EXPECT_TRUE(object["core"]["software_version"].is_null());
   EXPECT_TRUE(contains(object["errors"]["core.software_version"], "CAM_FEATURE_NOT_ENABLED")) << info.output;
+}
+
+TEST(KeocamInfo, PartNumberTooShort_IsSaidWithWhatWorksNevertheless) {
+  const Simulator simulator({"--size", "160x128", "--core-part-number", "4616"});
+  const Ended info = keocam({"info"});
+  EXPECT_EQ(info.status, 0) << info.error;
+  EXPECT_TRUE(contains(info.output, "- (the part number is too short to be known)")) << info.output;
+  EXPECT_TRUE(contains(info.error, "The core's part number \"4616\" is too short to be known")) << info.error;
+  EXPECT_FALSE(contains(info.error, "basic_string")) << info.error;
+  for (const Arguments& works : {Arguments{"measure", "--json"}, {"set", "contrast=40"}, {"stream", "-n", "1"}}) {
+    const Ended run = keocam(works);
+    EXPECT_EQ(run.status, 0) << works.front() << run.error;
+  }
 }
 
 TEST(KeocamInfo, UnreadableCalibration_IsNamedAndTheRestIsTold) {
