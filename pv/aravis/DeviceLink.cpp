@@ -95,7 +95,6 @@ PvResult DeviceLink::openDevice(OpeningTurn& turn) {
   arv_gv_device_set_stream_options(ARV_GV_DEVICE(device.get()), streamOptions().packet_socket
                                                                     ? ARV_GV_STREAM_OPTION_NONE
                                                                     : ARV_GV_STREAM_OPTION_PACKET_SOCKET_DISABLED);
-  g_signal_connect(device.get(), "control-lost", G_CALLBACK(&DeviceLink::onControlLost), this);
   device_ = std::move(device);
   return {};
 }
@@ -111,7 +110,6 @@ void DeviceLink::work() {
 // The stream refers to the device, so it goes first.
 void DeviceLink::giveBack() {
   if (const auto stream = receiver()) stream->close();
-  if (device_) g_signal_handlers_disconnect_by_data(device_.get(), this);
   device_.reset();
 }
 
@@ -154,9 +152,16 @@ void DeviceLink::lose(const std::string& reason) {
   end(lost, [&] { noteOutcome(details_.address, lost); });
 }
 
+// Aravis' signal that control is lost would tell sooner, but whoever listens ends the process now and then: while it is
+// given, Aravis' own thread holds the device, and if that turns out to be the last hold, waits for its own end.
+//
 // Writing the control register again does nothing for the host that has control, and another host is refused. It is
 // the one question that tells the two apart: the register reads the same for both.
 PvResult DeviceLink::confirmControl() {
+  if (arv_gv_device_is_controller(ARV_GV_DEVICE(device_.get())) == FALSE) {
+    lose("it no longer keeps this host's control.");
+    return failure(Code::NotConnected, name() + " is no longer controlled by this host.");
+  }
   GErrorPtr error;
   arv_device_write_register(device_.get(), bootstrap::kControlPrivilege, kTakeControl, error.out());
   PvResult result = resultOf(error, "Keeping control");
@@ -172,11 +177,6 @@ void DeviceLink::confirmControlSoon() {
     self->confirming_ = false;
     return result;
   });
-}
-
-// Called by Aravis' own thread, which must not be held up nor asked to end itself: the watcher looks at the flag.
-void DeviceLink::onControlLost(ArvDevice* /*device*/, gpointer link) {
-  static_cast<DeviceLink*>(link)->aravis_lost_control_ = true;
 }
 
 std::shared_ptr<StreamReceiver> DeviceLink::receiver() const {

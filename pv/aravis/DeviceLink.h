@@ -76,14 +76,12 @@ class DeviceLink : public std::enable_shared_from_this<DeviceLink> {
   bool end(const PvResult& reason, const std::function<void()>& note = {});
   PvResult confirmControl();
   void confirmControlSoon();
-  static void onControlLost(ArvDevice* device, gpointer link);
 
   const DeviceDetails details_;
   const std::shared_ptr<HeldPorts> held_ports_ = std::make_shared<HeldPorts>();
   JobQueue jobs_;
   GObjectPtr<ArvDevice> device_;  // Touched by the working thread alone.
   std::atomic<bool> connected_{false};
-  std::atomic<bool> aravis_lost_control_{false};
   std::atomic<bool> confirming_{false};
 
   mutable std::mutex mutex_;

@@ -18,15 +18,18 @@ constexpr int kAnswersPerConfirmation = 4;
 DeviceWatcher::DeviceWatcher(std::shared_ptr<DeviceLink> link) : link_(std::move(link)) {}
 
 void DeviceWatcher::begin() {
-  // If the socket cannot be had, Aravis' own signal, some five seconds later, remains.
+  // If the socket cannot be had, what Aravis notices, some five seconds later, remains.
   asking_ = client_.open(interfaceOf(link_->details()), link_->details().address);
   if (asking_) ask();
 }
 
 void DeviceWatcher::watch() {
   while (pause()) {
-    if (link_->aravis_lost_control_) link_->lose("it no longer keeps this host's control.");
-    if (asking_) ask();
+    if (asking_) {
+      ask();
+    } else {
+      link_->confirmControlSoon();
+    }
   }
   const std::lock_guard<std::mutex> lock(link_->mutex_);
   --link_->threads_;
