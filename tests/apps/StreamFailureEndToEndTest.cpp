@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "KeocamRun.h"
+#include "core/CameraWithCore.h"
 
 namespace keocam::cli {
 namespace {
@@ -54,6 +55,18 @@ TEST(KeocamStream, CameraThatDies_IsStatus5WithinTenSeconds) {
   EXPECT_EQ(lost.status, 5) << lost.error;
   EXPECT_TRUE(contains(lost.error, "was lost")) << lost.error;
   EXPECT_EQ(nlohmann::json::parse(lost.output)["ended_by"], "camera_lost");
+}
+
+TEST(KeocamStream, CameraThatVanishesWhileItIsConnected_IsStatus5ThatSaysSo) {
+  for (const auto counter : {simulator::Counter::ControlTaken, simulator::Counter::TestPacket}) {
+    CameraWithCore simulated;
+    simulated.camera().faults().vanishAt(counter, 1);
+    const Ended stream = keocam({"stream", "--frames", "3"});
+    EXPECT_EQ(stream.status, 5) << stream.error;
+    EXPECT_TRUE(simulated.camera().faults().vanished());
+    EXPECT_TRUE(contains(stream.error, "Connecting to KEOD2001 at 127.0.0.2 failed: ")) << stream.error;
+    EXPECT_TRUE(contains(stream.error, "Check its power and its cable.")) << stream.error;
+  }
 }
 
 TEST(KeocamStream, NoPacketArrives_IsStatus5ThatNamesTheFirewall) {

@@ -130,6 +130,8 @@ TEST(KeocamLensFailure, CameraThatVanishesMeanwhile_IsStatus5ThatTellsTheTables)
   const Ended set = ended(process);
   EXPECT_EQ(set.status, 5) << set.error;
   EXPECT_TRUE(contains(set.error, "The low-range table: only partly erased or written.")) << set.error;
+  EXPECT_TRUE(contains(set.error, "The connection to KEOD2001 at 127.0.0.2 was lost")) << set.error;
+  EXPECT_TRUE(contains(set.error, "Check its power and its cable.")) << set.error;
 }
 
 }  // namespace
