@@ -74,7 +74,8 @@ TEST(Discovery, Find_Repeatedly_LeaksNoDescriptorAndTakesASecond) {
   for (int pass = 0; pass < 3; ++pass) {
     EXPECT_LT(pv_test::durationOf([&] { EXPECT_TRUE(system.Find().IsOK()); }), 2000);
   }
-  EXPECT_EQ(pv_test::openDescriptors(), before);
+  // Devices of the tests before may have been closing since, so that there can be fewer; a leak adds three.
+  EXPECT_LE(pv_test::openDescriptors(), before);
 }
 
 TEST(DeviceUse, UseOf_TellsWhoControlsTheDevice) {
