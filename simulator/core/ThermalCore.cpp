@@ -89,7 +89,11 @@ ThermalCore::Sent ThermalCore::answer(const DecodedFrame& frame, uint64_t now_ns
   if (frame.verdict < Verdict::Noise && !faults_.misses(frame.function)) {
     const CoreRequest request = understand(frame, abilitiesOf(options_.identity));
     CoreAnswer done{request.status, {}, 0};
-    if (request.status == CoreStatus::Ok) done = state_.perform(request, frame.payload, now_ns);
+    if (request.status == CoreStatus::Ok) {
+      noteSeen(now_ns);
+      done = state_.perform(request, frame.payload, now_ns);
+      noteSeen(now_ns);
+    }
     entry.status = done.status;
     entry.sent =
         faults_.leaving(encodeFrame(frame.function, static_cast<uint8_t>(done.status), done.payload), sent.late_ns);
@@ -116,6 +120,13 @@ CoreVideo ThermalCore::nextVideo(uint64_t block_id) {
   }
   videos_.add(block_id, video);
   return video;
+}
+
+/// The core sees on while nobody watches: what a closing shutter freezes is not the last picture of an earlier stream,
+/// made with settings that have been changed since.
+void ThermalCore::noteSeen(uint64_t now_ns) {
+  if (!last_open_video_ || state_.shutterClosed(now_ns)) return;
+  last_open_video_ = videoNow(last_open_video_->scene_block, now_ns);
 }
 
 CoreVideo ThermalCore::videoNow(uint64_t block_id, uint64_t now_ns) {

@@ -103,6 +103,7 @@ class ThermalCore final : public UartPeer, public VideoSource {
   };
   Sent answer(const DecodedFrame& frame, uint64_t now_ns);
   CoreVideo videoNow(uint64_t block_id, uint64_t now_ns);
+  void noteSeen(uint64_t now_ns);
   /// The state as it is now; `mutex_` must be held.
   const CoreState& current() const;
   void logUnheard(Verdict verdict, const uint8_t* data, std::size_t size, uint64_t now_ns);

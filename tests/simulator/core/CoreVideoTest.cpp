@@ -39,6 +39,20 @@ TEST(CoreVideo, ShutterClosed_ShowsTheLastBlockBefore) {
   EXPECT_EQ(after.scene_block, 15U);
 }
 
+TEST(CoreVideo, ShutterClosedBetweenStreams_FreezesWhatIsSeenThen) {
+  CoreBench bench;
+  EXPECT_EQ(bench.core.nextVideo(9).response.scale, PixelScale::Radiance);
+  bench.ask(142, {0x00, 0x10, 0x00, 0x01});
+  bench.ask(142, {0x00, 0x40, 0x00, 0x01});
+  bench.ask(kDoFfc);
+  bench.ask(142, {0x00, 0x40, 0x00, 0x00});  // too late to be seen
+  const CoreVideo video = bench.core.nextVideo(1);
+  EXPECT_TRUE(video.frozen);
+  EXPECT_EQ(video.response.scale, PixelScale::KelvinTimes25);
+  bench.pass(600 * kMs);
+  EXPECT_EQ(bench.core.nextVideo(2).response.scale, PixelScale::Radiance);
+}
+
 TEST(CoreVideo, StreamStartedWhileClosed_StaysAtItsFirstBlock) {
   CoreBench bench;
   bench.ask(kDoFfc);
