@@ -81,6 +81,7 @@ std::variant<ProgramOptions, int> parseCommandLine(int argc, const char* const* 
   CLI::App app(kIntroduction, "keocam-simulator");
   app.formatter(std::make_shared<HelpFormatter>());
   app.footer(sceneHelpText() + '\n' + kFooter);
+  app.set_version_flag("--version", "keocam-simulator " KEOCAM_VERSION);
   ProgramOptions program;
   FaultSettings faults;
   bool occupied = false;

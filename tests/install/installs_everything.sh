@@ -25,7 +25,9 @@ done
 soname=$(readelf -d "$prefix/$libdir/libkeocam.so" | sed -n 's/.*(SONAME).*\[\(.*\)\]/\1/p')
 [[ $soname =~ ^libkeocam\.so\.[0-9]+ ]] || fail "the library's name for the loader is '$soname'"
 [ -e "$prefix/$libdir/$soname" ] || fail "$soname was not installed"
-[[ $(env -i "$prefix/bin/keocam" --version) == keocam\ * ]] || fail "keocam does not run"
+for program in keocam keocam-simulator; do
+  [[ $(env -i "$prefix/bin/$program" --version) == "$program "[0-9]* ]] || fail "$program does not tell its version"
+done
 
 # Every header that an installed one includes is installed too, and every one that users are told to include.
 cd "$prefix/include/keocam"

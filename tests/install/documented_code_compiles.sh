@@ -1,7 +1,8 @@
 #!/bin/sh
-# The C++ in the README is that of the installed library: readme_code_compiles.sh COMPILER README PREFIX LIBDIR SCRATCH.
+# The C++ in documents is that of the installed library: documented_code_compiles.sh COMPILER PREFIX LIBDIR SCRATCH DOCUMENT...
 set -eu
-compiler=$1 readme=$2 prefix=$3 libdir=$4 scratch=$5
+compiler=$1 prefix=$2 libdir=$3 scratch=$4
+shift 4
 rm -rf "$scratch"
 mkdir -p "$scratch"
 export PKG_CONFIG_LIBDIR="$prefix/$libdir/pkgconfig"
@@ -25,7 +26,7 @@ awk -v folder="$scratch" '
   inside && /^#include/ { includes = includes $0 "\n"; next }
   inside { code = code $0 "\n" }
   END { exit blocks < 4 }
-' "$readme" || { echo "FAILED: $readme has fewer blocks of C++ than it had" >&2; exit 1; }
+' "$@" || { echo "FAILED: there are fewer blocks of C++ than there were" >&2; exit 1; }
 
 for file in "$scratch"/*.cpp; do
   # shellcheck disable=SC2086 # a word per flag
