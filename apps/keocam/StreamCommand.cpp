@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <filesystem>
 #include <iostream>
 
 #include "apps/keocam/CameraChoice.h"
@@ -32,6 +33,13 @@ StreamResult streamFrom(Camera& camera, const StreamOptions& options, const Cons
   return runStream(camera, options.limits, options.picture_path.has_value(), stop, report);
 }
 
+void requirePngName(const std::string& path) {
+  const std::string extension = std::filesystem::path(path).extension();
+  if (extension == ".png" || extension == ".PNG") return;
+  throw CommandFailure(ExitStatus::Usage,
+                       "The picture is written as a PNG: let the name " + inQuotes(path) + " end in .png.");
+}
+
 // A picture that was asked for and cannot be made is a failure, with the reason.
 void writePicture(PendingFile& file, const std::string& path, const DeviceDetails& camera, const StreamResult& result) {
   const FrameDetails& details = result.last_frame;
@@ -57,7 +65,10 @@ void warnOfUnknownFormat(const Console& console, const StreamResult& result) {
 
 ExitStatus runStreamCommand(const StreamOptions& options, const Console& console, DataOutput& output) {
   std::optional<PendingFile> picture;
-  if (options.picture_path) picture.emplace(*options.picture_path);
+  if (options.picture_path) {
+    requirePngName(*options.picture_path);
+    picture.emplace(*options.picture_path);
+  }
 
   StopSignal stop;
   const CameraSearch search;

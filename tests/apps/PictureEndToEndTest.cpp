@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 #include <png.h>
 
+#include <filesystem>
 #include <set>
 #include <tuple>
 
@@ -68,6 +69,15 @@ TEST(KeocamStream, PictureThatCannotBeWritten_FailsBeforeTheSearch) {
   const Ended stream = keocam({"stream", "--picture", "/nowhere/at/all.png"});
   EXPECT_EQ(stream.status, 1) << "and not 3, for no camera is there";
   EXPECT_TRUE(contains(stream.error, "/nowhere/at/all.png")) << stream.error;
+}
+
+TEST(KeocamStream, PictureNamedAsAnotherFormat_IsStatus2AndLeavesNoFile) {
+  const TemporaryFolder folder;
+  const std::string path = folder.file("frame.jpg");
+  const Ended stream = keocam({"stream", "--picture", path});
+  EXPECT_EQ(stream.status, 2);
+  EXPECT_TRUE(contains(stream.error, "let the name \"" + path + "\" end in .png.")) << stream.error;
+  EXPECT_FALSE(std::filesystem::exists(path));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "apps/keocam/lens/CameraCalibration.h"
 
 #include <exception>
+#include <filesystem>
+#include <system_error>
 
 #include "apps/keocam/CommandFailure.h"
 #include "apps/keocam/terminal/PrintableText.h"
@@ -24,6 +26,10 @@ void requireFolder(const std::string& folder) {
 }
 
 CameraCalibration calibrationOf(const std::string& serial_number, const std::string& folder) {
+  std::error_code none;
+  if (!std::filesystem::is_directory(folder, none)) {
+    throw CommandFailure(ExitStatus::Failure, "The folder of calibrations " + inQuotes(folder) + " does not exist.");
+  }
   CameraCalibration calibration;
   calibration.text_path = folder + '/' + serial_number + "/calibration.txt";
   calibration.entry = CalibrationSource(folder).lookUp(serial_number);

@@ -30,6 +30,9 @@ TEST(KeocamLensFailure, NoCalibrations_AreToldAndNothingIsSent) {
   const Ended list = keocam(simulated.lens({"list", "--camera", "KEOD2002"}));
   EXPECT_EQ(list.status, 1);
   EXPECT_TRUE(contains(list.error, "There is no calibration for \"KEOD2002\"")) << list.error;
+  const Ended lost = keocam({"lens", "list", "--calibrations", "no/such/folder", "--camera", "KEOD2002"});
+  EXPECT_EQ(lost.status, 1);
+  EXPECT_TRUE(contains(lost.error, "The folder of calibrations \"no/such/folder\" does not exist.")) << lost.error;
   EXPECT_FALSE(simulated.whole().heardAnything());
 }
 
