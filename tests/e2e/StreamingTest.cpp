@@ -16,12 +16,14 @@ using simulator::SimulatedCamera;
 
 #ifdef __SANITIZE_ADDRESS__
 // Each frame is rendered twice, by the camera and by the check, some 12 ms each time in a program with sanitizers: two
-// cores cannot keep up with four cameras at their full rate. What they are there to find does not depend on it.
+// cores cannot keep up with four cameras at their full rate. What they are there to find depends neither on it nor on
+// the number of frames.
 constexpr double kSlower = 4.0;
+constexpr uint64_t kFrames = 100;
 #else
 constexpr double kSlower = 1.0;
+constexpr uint64_t kFrames = 1000;
 #endif
-constexpr auto kFrames = static_cast<uint64_t>(1000 / kSlower);
 
 void expectNothingLost(const Camera& camera) {
   const keocam::StreamStatistics statistics = keocam::statisticsOf(*camera.stream);
@@ -30,7 +32,7 @@ void expectNothingLost(const Camera& camera) {
   EXPECT_GE(statistics.frames_complete, kFrames);
 }
 
-TEST(Streaming, OneCamera_SixtyFramesPerSecond_ThousandFramesComplete) {
+TEST(Streaming, OneCamera_SixtyFramesPerSecond_NoneIsLost) {
   const SimulatedCamera simulated(e2e::cameraOptions(0, 60.0 / kSlower));
   CameraCenter center("");
   Camera& camera = e2e::cameraOf(center, simulated.options().serial);
@@ -42,7 +44,7 @@ TEST(Streaming, OneCamera_SixtyFramesPerSecond_ThousandFramesComplete) {
   expectNothingLost(camera);
 }
 
-TEST(Streaming, FourCameras_ThirtyFramesPerSecondEach_ThousandFramesCompleteFromEach) {
+TEST(Streaming, FourCameras_ThirtyFramesPerSecondEach_NoneIsLost) {
   std::vector<std::unique_ptr<SimulatedCamera>> simulated;
   for (unsigned int i = 0; i < 4; ++i) {
     simulated.push_back(std::make_unique<SimulatedCamera>(e2e::cameraOptions(i, 30.0 / kSlower)));
