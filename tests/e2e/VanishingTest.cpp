@@ -227,8 +227,8 @@ INSTANTIATE_TEST_SUITE_P(Commands, VanishingWhileConnecting, testing::ValuesIn(k
 /// The message to the core that the camera does not outlive, and what is said.
 struct Message {
   const char* name;
-  uint8_t function;
   int count;
+  uint8_t function;
   bool identified;
   const char* error;
 };
@@ -237,10 +237,10 @@ constexpr const char* kNoCommunication = "CameraSerialSettings::SetDefault(): Ca
 constexpr const char* kNotWritten = "CameraSerialSettings::SetParameter: Error writing message to camera.\n";
 
 constexpr Message kMessages[] = {
-    {"WakingUp", NO_OPERATION, 1, false, kNoCommunication},
-    {"PartNumber", CAMERA_PART_NUMBER, 1, false, kNoCommunication},
-    {"Emissivity", RADIOMETRIC_PARAMETER, 1, true, kNotWritten},
-    {"FlatField", DO_FFC, 1, true, kNotWritten},
+    {"WakingUp", 1, NO_OPERATION, false, kNoCommunication},
+    {"PartNumber", 1, CAMERA_PART_NUMBER, false, kNoCommunication},
+    {"Emissivity", 1, RADIOMETRIC_PARAMETER, true, kNotWritten},
+    {"FlatField", 1, DO_FFC, true, kNotWritten},
 };
 
 class VanishingAtStartUp : public Vanishing, public testing::WithParamInterface<Message> {};
@@ -311,23 +311,23 @@ TEST_F(VanishingWhileStreaming, StopAcquisitionBeforeTheLossIsNoticed_Ends) {
 /// The message to the core, in the middle of a change of lenses, that the camera does not outlive.
 struct LensMessage {
   const char* name;
-  uint8_t function;
-  int count;
   const char* error;    ///< that SetLens tells
   const char* failure;  ///< that changeLens tells
-  TableState low;       ///< by changeLens
+  int count;
+  uint8_t function;
+  TableState low;  ///< by changeLens
   TableState high;
 };
 
 constexpr LensMessage kLensMessages[] = {
-    {"Erasing", kEraseBlock, 1, "CameraSerialSettings::switchSFFC1(): Error deleting memory block.\n",
-     "The core did not erase block 1.", TableState::PartlyWritten, TableState::Untouched},
-    {"Writing", kWriteMemory, 2, "CameraSerialSettings::switchSFFC1(): Error writing message to camera.\n",
-     "The camera took no bytes for the core.", TableState::PartlyWritten, TableState::Untouched},
-    {"WritingTheSecond", kWriteMemory, 6, "CameraSerialSettings::switchSFFC2: Error writing message to camera.\n",
-     "The camera took no bytes for the core.", TableState::Verified, TableState::PartlyWritten},
-    {"Using", kLensSlot, 1, "CameraSerialSettings::sendMessage: Error writing message to camera.\n",
-     "did not confirm that it uses them.", TableState::Verified, TableState::Verified},
+    {"Erasing", "CameraSerialSettings::switchSFFC1(): Error deleting memory block.\n",
+     "The core did not erase block 1.", 1, kEraseBlock, TableState::PartlyWritten, TableState::Untouched},
+    {"Writing", "CameraSerialSettings::switchSFFC1(): Error writing message to camera.\n",
+     "The camera took no bytes for the core.", 2, kWriteMemory, TableState::PartlyWritten, TableState::Untouched},
+    {"WritingTheSecond", "CameraSerialSettings::switchSFFC2: Error writing message to camera.\n",
+     "The camera took no bytes for the core.", 6, kWriteMemory, TableState::Verified, TableState::PartlyWritten},
+    {"Using", "CameraSerialSettings::sendMessage: Error writing message to camera.\n",
+     "did not confirm that it uses them.", 1, kLensSlot, TableState::Verified, TableState::Verified},
 };
 
 class VanishingWhileTheLensChanges : public Vanishing, public testing::WithParamInterface<LensMessage> {
