@@ -42,31 +42,7 @@ TEST_F(StartUpTest, SetDefault_RadiometricCore_EveryStepInItsOrder) {
       {startUpLine("Camera part number: 46640001X-FRNLX"), startUpLine("Resolution: 640x512"),
        "PvGenParameterArray::SetIntegerValue Width 640", "PvGenParameterArray::SetIntegerValue Height 512",
        startUpLine("Checking for radiometry: 1"), startUpLine("Setting radiometry")},
-      writeEvents(142, {0x00, 0x40, 0x00, 0x01}),
-      writeEvents(229, {0x01, 0x00, 0x19, 0x99}),  // what was in force until now
-      writeEvents(229, {0x01, 0x07, 0x0E, 0x10}),
-      writeEvents(229, {0x01, 0x05, 0x0A, 0x7D}),
-      writeEvents(142, {0x00, 0x10, 0x00, 0x01}),
-      writeEvents(142, {0x00, 0x10, 0x00, 0x01}),
-      {startUpLine("Setting default values for emissivity, atmosferic temperature, reflected temperature and "
-                   "humidity")},
-      writeEvents(229, {0x01, 0x00, 0x1E, 0x66}),
-      writeEvents(229, {0x01, 0x05, 0x07, 0xD0}),
-      writeEvents(229, {0x01, 0x07, 0x07, 0xD0}),
-      {startUpLine("Setting FFC mode to AUTO")},
-      writeEvents(11, {0x00, 0x01}),
-      {startUpLine("Setting XP BUS mode to CMOS")},
-      writeEvents(18, {0x03, 0x02}),
-      {startUpLine("Setting digital depth to 14bit")},
-      writeEvents(18, {0x06, 0x00}),
-      {startUpLine("Setting Range mode to low ")},
-      writeEvents(10, {0x00, 0x02}),
-      {"sleep 1 s"},
-      writeEvents(12),
-      writeEvents(142, {0x00, 0x10, 0x00, 0x01}),
-      {"sleep 1 s", "sleep 1 s", startUpLine("Doing FFC")},
-      readEvents(32, {0x00, 0x00}),
-      writeEvents(12),
+      radiometricStartUpEvents(),
   });
   EXPECT_EQ(takeAll(), expected);
 
