@@ -39,8 +39,8 @@ inline Events unansweredWriteEvents(uint8_t code) {
       {writeEvents(code), {"err: CameraSerialSettings::SetParameter: Error reading message from camera.\\n"}});
 }
 
-/// What follows "Setting radiometry", to the end, with debug messages, where an emissivity of 0.8, an atmosphere of 300
-/// K and 310 K of what is reflected were in force.
+/// What follows "Setting radiometry", to the end, with debug messages. Until then an emissivity of 0.8, 300 K of the
+/// atmosphere and 310 K of what is reflected were in force.
 inline Events radiometricStartUpEvents() {
   return joined({
       // The mode tells the core the object parameters in force until now, and the resolution; the latter is set again.
